@@ -1,0 +1,39 @@
+// The two rich-text controls: the ticket editor, and the viewer of the tutorial.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "codec/marked_editor.h"
+#include "platform/controls.h"
+#include "platform/error.h"
+
+namespace varno {
+
+// What becomes of a key once the program has looked at it.
+enum class KeyFate {
+    Pass,       // the control handles it
+    Drop,       // nothing more happens
+    PassTwice,  // the control handles it twice, as one step of undo
+};
+
+class RichTextBox : public Control, public MarkedEditor {
+  public:
+    // Puts all changes made while `change` runs into one step of undo.
+    virtual void AsOneStep(const std::function<void()>& change) = 0;
+
+    std::function<void()> OnChange;  // the text changed, whoever changed it
+    std::function<void()> OnClick;
+    std::function<void()> OnDblClick;
+    std::function<KeyFate(int keyCode, int shift)> OnKeyDown;
+    std::function<void()> OnKeyUp;
+};
+
+// Shows a document with its own formatting. Read only.
+class DocumentView : public Control {
+  public:
+    // Replaces the content with the RTF document in the file.
+    [[nodiscard]] virtual Error LoadFile(const std::string& path) = 0;
+};
+
+}  // namespace varno
