@@ -19,8 +19,8 @@ inline constexpr Colour ControlCodeColour = 0x0000FF;  // red: "C" and digits
 inline constexpr Colour PrintCodeColour = 0xFF0000;    // blue: "P" and digits
 inline constexpr Colour CommentColour = 0x00A000;      // green: explains, is never encoded
 
-inline constexpr char16_t LineEndMarker = u'\u00AC';  // one printed line end: CR and LF
-inline constexpr char16_t SpaceMarker = u'\u00F7';    // one printed space
+inline constexpr char16_t LineEndMarker = u'\u00AC';       // one printed line end: CR and LF
+inline constexpr char16_t SpaceMarker = u'\u00F7';         // one printed space
 inline constexpr std::u16string_view LineBreak = u"\r\n";  // breaks the line on the screen only
 
 struct CharFormat {

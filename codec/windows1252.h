@@ -13,4 +13,8 @@ char16_t FromWindows1252(unsigned char code);
 
 std::u16string FromWindows1252(std::string_view bytes);
 
+// Upper case of the set's letters; every other character (also a letter whose capital the set
+// lacks) stays.
+char16_t UpperCase(char16_t character);
+
 }  // namespace varno

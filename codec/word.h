@@ -28,8 +28,12 @@ inline constexpr Word ControlCode = 0x2000;  // plus the code number
 inline constexpr Word PrintCode = 0x4000;    // plus the code number
 inline constexpr Word EndMarker = 0x8000;
 
-constexpr int ClassOf(Word word) { return (word >> 8) & 0xF8; }
-constexpr int ValueOf(Word word) { return word & 0x07FF; }
+constexpr int ClassOf(Word word) {
+    return (word >> 8) & 0xF8;
+}
+constexpr int ValueOf(Word word) {
+    return word & 0x07FF;
+}
 
 // Four upper-case digits.
 std::string WordHex(Word word);
