@@ -1,0 +1,23 @@
+#include "block/delete.h"
+
+namespace varno {
+
+void DeleteCommand::DeleteButton_Click() {
+    ListBox& list = controls_.TicketList;
+    const int selected = list.ListIndex();
+    if (selected < 0) {
+        return;
+    }
+    block_.RemoveTicketRecord(LeadingNumber(list.List(selected)));
+    list.RemoveItem(selected);
+    block_.BlockChanged = true;
+    for (ToggleButton* button : controls_.KeyAssignment) {
+        button->SetValue(false);
+    }
+    controls_.RichText.SetFocus();
+    if (OnDeleted) {
+        OnDeleted();
+    }
+}
+
+}  // namespace varno

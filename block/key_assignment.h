@@ -1,0 +1,30 @@
+// Binding tickets to the indicator's keys. The rows lead: KeyTicket follows them, and the image
+// follows KeyTicket.
+#pragma once
+
+#include "block/block_controls.h"
+#include "block/ticket_block.h"
+
+namespace varno {
+
+class KeyAssignmentCommand {
+  public:
+    KeyAssignmentCommand(const BlockControls& controls, TicketBlock& block)
+        : controls_(controls), block_(block) {}
+
+    // Binds the selected row to the key whose button is pressed by now, or unbinds it where the
+    // button is released. Runs once for each time the button is used, by mouse or keyboard.
+    void KeyAssignment_MouseUp(int index);
+    // A key letter presses its button, a blank releases all. Nothing without a selected row.
+    void TicketList_KeyPress(char32_t character);
+
+  private:
+    void PressOnly(int index);
+    void MarkRows(int index, bool bind);
+    void RebuildKeyTicket();
+
+    BlockControls controls_;
+    TicketBlock& block_;
+};
+
+}  // namespace varno

@@ -1,0 +1,32 @@
+// The rows of `TicketList`: a ticket number, and blanks and a key letter if a key is bound to it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace varno {
+
+inline constexpr int KeyCount = 4;
+
+// The keys of the indicator, in the order of their key words. The first letter is the key letter.
+inline constexpr std::array<std::string_view, KeyCount> KeyNames = {"Print", "Start", "In", "Out"};
+
+constexpr char KeyLetter(int key) {
+    return KeyNames[static_cast<std::size_t>(key)].front();
+}
+
+// The number that the leading digits of a row, or of the number box, write; 0 without any. Numbers
+// no ticket can have come out as some number above 9999.
+int LeadingNumber(std::string_view text);
+
+// The last character: the key letter, or a digit if no key is bound; 0 for an empty row.
+char RowKeyLetter(std::string_view row);
+
+// The row without, and with, a key letter, as a key assignment writes it. Ticket numbers have
+// three digits: whatever stands behind the third character goes.
+std::string UnboundRow(std::string_view row);
+std::string BoundRow(std::string_view row, char keyLetter);
+
+}  // namespace varno

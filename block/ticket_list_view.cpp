@@ -1,0 +1,80 @@
+#include "block/ticket_list_view.h"
+
+#include <string>
+#include <utility>
+
+#include "block/unsaved_question.h"
+#include "codec/memory_editor.h"
+
+namespace varno {
+
+TicketListView::TicketListView(const BlockControls& controls, Dialogs& dialogs,
+                               const TicketBlock& block, bool& ticketChanged, Catalogues catalogues,
+                               DeleteCommand& deleteCommand)
+    : controls_(controls),
+      dialogs_(dialogs),
+      block_(block),
+      ticketChanged_(ticketChanged),
+      catalogues_(std::move(catalogues)),
+      deleteCommand_(deleteCommand) {}
+
+void TicketListView::TicketList_Click() {
+    const int selected = controls_.TicketList.ListIndex();
+    if (selected < 0) {
+        return;
+    }
+    const std::string row = controls_.TicketList.List(selected);
+    controls_.EditButton.SetToolTip("Move ticket " + row + "  to editor.");
+    for (std::size_t key = 0; key < KeyNames.size(); ++key) {
+        ToggleButton& button = *controls_.KeyAssignment[key];
+        button.SetToolTip("Assign ticket " + row + "  to Varno '" + std::string(KeyNames[key]) +
+                          "' key.");
+        button.SetValue(RowKeyLetter(row) == KeyNames[key].front());
+    }
+    controls_.DeleteButton.SetToolTip("Delete ticket " + row + "  from ticket block.");
+    if (OnListSelected) {
+        OnListSelected();
+    }
+}
+
+void TicketListView::TicketList_GotFocus() {
+    TicketList_Click();
+}
+
+void TicketListView::TicketList_KeyUp(int keyCode) {
+    if (keyCode == KeyDelete) {
+        deleteCommand_.DeleteButton_Click();
+    }
+}
+
+void TicketListView::EditButton_Click() {
+    ListBox& list = controls_.TicketList;
+    if (list.ListIndex() < 0) {
+        return;
+    }
+    if (controls_.RichText.HasText() &&
+        !AskToSave(dialogs_, UnsavedTicket, Buttons::YesNoCancel, ticketChanged_, SaveTicket)) {
+        return;
+    }
+    if (list.ListIndex() < 0) {
+        return;  // an upload that began meanwhile has emptied the list
+    }
+    DecodeTicket(LeadingNumber(list.List(list.ListIndex())));
+    controls_.TicketName.SetCaption("");
+    controls_.RichText.SetFocus();
+    ticketChanged_ = false;
+    controls_.TicketNumber.SetText("");
+}
+
+// The ticket replaces the editor's content in one step that can be undone; the caret ends behind
+// it.
+void TicketListView::DecodeTicket(int ticketNumber) {
+    MemoryEditor decoded;
+    decoder_.DecodeTicket(WordsOf(block_.TicketBuffer), ticketNumber, catalogues_, decoded);
+    RichTextBox& editor = controls_.RichText;
+    editor.SetContent(decoded.Marked());
+    editor.SetSelStart(decoded.SelStart());
+    editor.SetTypingFormat(decoded.TypingFormat());
+}
+
+}  // namespace varno

@@ -1,0 +1,40 @@
+// The list of tickets: what a selection shows, and the way of a ticket back into the editor.
+#pragma once
+
+#include <functional>
+
+#include "block/block_controls.h"
+#include "block/delete.h"
+#include "block/ticket_block.h"
+#include "codec/decoder.h"
+#include "platform/dialogs.h"
+
+namespace varno {
+
+class TicketListView {
+  public:
+    TicketListView(const BlockControls& controls, Dialogs& dialogs, const TicketBlock& block,
+                   bool& ticketChanged, Catalogues catalogues, DeleteCommand& deleteCommand);
+
+    std::function<void()> OnListSelected;  // a row was selected, or the list came back to it
+    std::function<void()> SaveTicket;      // what Yes to the unsaved-ticket question runs
+
+    void TicketList_Click();
+    void TicketList_DblClick() { EditButton_Click(); }
+    void TicketList_GotFocus();
+    void TicketList_KeyUp(int keyCode);
+    void EditButton_Click();  // nothing without a selected row
+
+  private:
+    void DecodeTicket(int ticketNumber);
+
+    BlockControls controls_;
+    Dialogs& dialogs_;
+    const TicketBlock& block_;
+    bool& ticketChanged_;
+    Catalogues catalogues_;
+    DeleteCommand& deleteCommand_;
+    TicketDecoder decoder_;
+};
+
+}  // namespace varno
