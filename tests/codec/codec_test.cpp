@@ -1,0 +1,169 @@
+// Encoding and decoding, each case a picture and its words.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "codec/decoder.h"
+#include "codec/encoder.h"
+#include "codec/memory_editor.h"
+#include "tests/codec/picture.h"
+
+namespace varno {
+namespace {
+
+std::vector<Word> WordsOf(std::string_view hex) {
+    std::vector<Word> words;
+    for (std::size_t i = 0; i < hex.size(); i += WordDigits)
+        words.push_back(static_cast<Word>(HexAt(hex, i, WordDigits)));
+    return words;
+}
+
+class Codec : public testing::Test {
+  protected:
+    Codec()
+        : folder_(std::filesystem::temp_directory_path() / ("codec" + std::to_string(getpid()))) {
+        std::filesystem::create_directories(folder_);
+        catalogues_ = {folder_ / "control", folder_ / "print"};
+        std::ofstream(catalogues_.controlCodes) << "000 zero\r\n005 Line feed\r\n999 last\r\n";
+        std::ofstream(catalogues_.printCodes) << "005 Gross\r\n012 net\r\n100 Hundred\r\n";
+    }
+    ~Codec() override { std::filesystem::remove_all(folder_); }
+
+    MarkedText Decode(const std::vector<Word>& words, int number) {
+        MemoryEditor editor;
+        decoder_.DecodeTicket(words, number, catalogues_, editor);
+        return editor.Content();
+    }
+    std::string DecodedPicture(std::string_view hex, int number = 212) {
+        return ToPicture(Decode(WordsOf(hex), number));
+    }
+
+    Catalogues catalogues_;
+    TicketDecoder decoder_;
+
+  private:
+    std::filesystem::path folder_;
+};
+
+TEST_F(Codec, EncodesWhatATicketCanCarry) {
+    struct Case {
+        const char* picture;
+        const char* body;
+    };
+    const Case cases[] = {
+        {"", ""},
+        {"Hi÷¬\n{r}C005{g} LINE FEED\n{b}P012\n{m}A27{g} ", "004800690020000D000A2005400C001B"},
+        {"¬", "000D000A"},
+        {"÷ ", "00200020"},
+        {"a\tb\n\x01", "00610062"},
+        {"ACP", "004100430050"},
+        {"é€Ÿ\x7F", "00E90080009F007F"},
+        {"\u0416\u0081\u0080", "003F0081003F"},
+        {"a\U0001F600b", "0061003F0062"},
+        {"{kBIUS}x", "0078"},
+        {"{m}A1234", "007B"},
+        {"{m}A12{k}3", "000C0033"},
+        {"{m}A1A2AA999", "00010002000003E7"},
+        {"{m}A65A32", "00410020"},
+        {"{r}C0057", "2039"},
+        {"{r}C", "2000"},
+        {"{b}P", "4000"},
+        {"{r}C00{b}5P1{r}2", "20004001"},
+        {"{r}C2047{b}P2047", "27FF47FF"},
+        {"{r}C2048{k}a{b}P2048{k}b{r}C18446744073709551621C1", "006100622001"},
+        {"{r}C00000000000000000000000000000000000000005", "2005"},
+        {"{r}AP5c{m}C1{b}C2A{g}A1C2P3x{x}A1C2P3x", ""},
+        {"{m}A{r}5", "0000"},
+        {"{r}C\u0665", "2000"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(EncodeTicket(FromPicture(c.picture), 212), std::string("08D4") + c.body + "1000")
+            << c.picture;
+    EXPECT_EQ(EncodeTicket({}, 200), "08C81000");
+    EXPECT_EQ(EncodeTicket({}, 999), "0BE71000");
+}
+
+TEST_F(Codec, DecodesEveryKindOfWord) {
+    struct Case {
+        const char* body;
+        const char* picture;
+    };
+    const Case cases[] = {
+        {"", ""},
+        {"004800690020000D000A2005400C001B",
+         "Hi÷¬\n{r}C005{g} LINE FEED{k}\n{b}P012{g} NET{k}\n{m}A27{g} "},
+        {"0021007E007F", "!~{m}A127{g} "},
+        {"0000000900E903E707FF", "{m}A0{g} {m}A9{g} {m}A233{g} {m}A999{g} {m}A2047{g} "},
+        {"000D0041", "{m}A13{k}A"},
+        {"000A", "{m}A10"},
+        {"000D000D000A", "{m}A13{k}¬\n"},
+        {"000D2005", "{m}A13{k}\n{r}C005{g} LINE FEED{k}\n"},
+        {"000D", "{m}A13"},
+        {"0041000D000A2005", "A¬\n{r}C005{g} LINE FEED{k}\n"},
+        {"00414005", "A\n{b}P005{g} GROSS{k}\n"},
+        {"2005400520000041", "{r}C005{g} LINE FEED{k}\n{b}P005{g} GROSS{k}\n{r}C000{g} ZERO{k}\nA"},
+        {"2007", "{r}C007{k}\n"},
+        {"23E823E7", "{r}C1000{k}\n{r}C999{g} LAST{k}\n"},
+        {"47FF", "{b}P2047{k}\n"},
+        {"00411800FFFF08D5600030000042", "AB"},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(DecodedPicture("08D4" + std::string(c.body) + "1000004180000041"), c.picture)
+            << c.body;
+}
+
+TEST_F(Codec, FindsTheTicketAmongOthers) {
+    const std::string memory = "08C80041100008D40042100008D40043100080000000";
+    EXPECT_EQ(DecodedPicture(memory, 200), "A");
+    EXPECT_EQ(DecodedPicture(memory, 212), "B");
+    EXPECT_EQ(DecodedPicture(memory, 213), "");
+    EXPECT_EQ(DecodedPicture("08D40042", 212), "B");
+    EXPECT_EQ(DecodedPicture("", 212), "");
+}
+
+TEST_F(Codec, CarriesACarriageReturnOverTheEndOfTheWords) {
+    EXPECT_EQ(DecodedPicture("08D4000D"), "");
+    EXPECT_TRUE(decoder_.PendingCR());
+    EXPECT_EQ(DecodedPicture("08D400411000"), "{m}A13{k}A");
+    EXPECT_FALSE(decoder_.PendingCR());
+}
+
+TEST_F(Codec, ShowsCodesWithoutCommentsWhenThereIsNoCatalogue) {
+    catalogues_ = {"/nowhere/at all", std::filesystem::temp_directory_path()};
+    EXPECT_EQ(DecodedPicture("08D42005400510000"), "{r}C005{k}\n{b}P005{k}\n");
+}
+
+TEST_F(Codec, EncodesADecodedRecordToTheSameRecord) {
+    std::mt19937 random(20);
+    const auto below = [&](unsigned n) { return static_cast<Word>(random() % n); };
+    for (int round = 0; round < 300; ++round) {
+        std::string record = WordHex(0x08D4);
+        for (unsigned length = below(200); length > 0; --length) {
+            const Word kinds[] = {below(1000), below(128), static_cast<Word>("\r\n A19"[below(6)]),
+                                  static_cast<Word>(ControlCode + below(MaxWordValue + 1)),
+                                  static_cast<Word>(PrintCode + below(1000))};
+            record += WordHex(kinds[below(5)]);
+        }
+        record += WordHex(TicketEnd);
+        const MarkedText text = Decode(WordsOf(record), 212);
+        ASSERT_EQ(EncodeTicket(text, 212), record) << ToPicture(text);
+    }
+}
+
+// An editor that inserts at the end in linear time would take minutes here.
+TEST_F(Codec, StaysQuickOnLongTickets) {
+    const MarkedText line = FromPicture("{r}C005{g} LINE FEED{k}\nNet÷weight¬\n{m}A27{g} ");
+    MemoryEditor editor;
+    for (int i = 0; i < 20'000; ++i)
+        for (std::size_t at = 0; at < line.Length(); at = line.RunEnd(at)) {
+            editor.SetTypingFormat(line.FormatAt(at));
+            editor.SetSelText(std::u16string_view(line.Text()).substr(at, line.RunEnd(at) - at));
+        }
+    EXPECT_EQ(EncodeTicket(editor.Marked(), 212).size(), 8U + 20'000U * 14 * WordDigits);
+}
+
+}  // namespace
+}  // namespace varno
