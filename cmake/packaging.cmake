@@ -1,0 +1,81 @@
+# What is installed where, and the Debian package. Include it behind all targets.
+if(NOT TARGET VarnoTicketFormatter OR NOT UNIX)
+    return()
+endif()
+
+set(package varno-ticket-formatter)
+set(texts ${PROJECT_SOURCE_DIR}/packaging)
+set(made ${PROJECT_BINARY_DIR}/packaging)
+
+# The program looks for its catalogues and its tutorial in its own folder, also through a link.
+file(MAKE_DIRECTORY ${made})
+file(CREATE_LINK ../lib/${package}/VarnoTicketFormatter ${made}/${package} SYMBOLIC)
+install(TARGETS VarnoTicketFormatter RUNTIME DESTINATION lib/${package})
+install(
+    FILES "${PROJECT_BINARY_DIR}/Varno Control Codes.txt" "${PROJECT_BINARY_DIR}/Varno Print Codes.txt"
+          "${PROJECT_BINARY_DIR}/Varno Ticket Formatter Tutorial.rtf"
+    DESTINATION lib/${package}
+)
+install(FILES ${made}/${package} DESTINATION bin)
+install(TARGETS varno-indicator varno-tickets RUNTIME DESTINATION bin)
+
+install(FILES ${texts}/${package}.desktop DESTINATION share/applications)
+install(FILES ${texts}/${package}.mime.xml DESTINATION share/mime/packages RENAME ${package}.xml)
+install(FILES ${texts}/${package}.metainfo.xml DESTINATION share/metainfo)
+install(DIRECTORY ${texts}/icons/ DESTINATION share/icons/hicolor)
+install(FILES ${texts}/debian/copyright DESTINATION share/doc/${package})
+install(
+    DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION share/doc/${package}/examples
+    FILES_MATCHING PATTERN "*.VRB" PATTERN "*.VRT"
+)
+
+# Manual pages and the log of changes are packed; -n keeps the time out, so builds repeat.
+function(install_packed source destination)
+    cmake_path(GET source FILENAME name)
+    set(packed ${made}/${name}.gz)
+    add_custom_command(
+        OUTPUT ${packed}
+        COMMAND gzip -9nc ${source} > ${packed}
+        DEPENDS ${source}
+        VERBATIM
+    )
+    add_custom_target(packed-${name} ALL DEPENDS ${packed})
+    cmake_path(GET destination FILENAME target)
+    cmake_path(GET destination PARENT_PATH folder)
+    install(FILES ${packed} DESTINATION ${folder} RENAME ${target})
+endfunction()
+foreach(page ${package} varno-indicator varno-tickets)
+    install_packed(${PROJECT_SOURCE_DIR}/docs/man/${page}.1 share/man/man1/${page}.1.gz)
+endforeach()
+install_packed(${texts}/debian/changelog share/doc/${package}/changelog.Debian.gz)
+install_packed(${PROJECT_SOURCE_DIR}/CHANGELOG.md share/doc/${package}/changelog.gz)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME ${package})
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}.${PROJECT_VERSION_TWEAK})
+set(CPACK_PACKAGE_VENDOR "The Varno Ticket Formatter authors")
+set(CPACK_PACKAGE_CONTACT "The Varno Ticket Formatter authors <varno-ticket-formatter@example.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "write the printed tickets of a Varno weighing indicator")
+set(CPACK_PACKAGE_DESCRIPTION "\
+Writes and edits the tickets that a weighing indicator, model Varno, prints:
+lines of text with control codes and print codes, shown in colours. Puts them
+into the ticket memory of the indicator, binds them to its keys, and moves the
+whole memory over a serial port in both directions.
+.
+Brings a terminal for the serial line, a tutorial, a simulated indicator for
+training (varno-indicator) and the same rules for the command line
+(varno-tickets).")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/package)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE
+)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION misc)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-liberation | fonts-liberation2")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+include(CPack)
