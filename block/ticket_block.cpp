@@ -99,6 +99,7 @@ void TicketBlock::RemoveTicketRecord(int ticketNumber) {
             WriteKeyWord(memory, endMarker, key, 0);
         }
     }
+    std::replace(KeyTicket.begin(), KeyTicket.end(), ticketNumber, 0);
     memory.erase(record.begin - FirstWord, record.end - record.begin);
     TicketBuffer = SealTicketBuffer(std::move(memory));
 }
