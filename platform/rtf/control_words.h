@@ -1,0 +1,19 @@
+// What each control word of rich text does.
+#pragma once
+
+#include <string_view>
+
+namespace varno {
+
+class RtfInterpreter;
+
+struct RtfControlWord {
+    std::string_view name;
+    void (*apply)(RtfInterpreter& interpreter, int parameter);
+    int defaultParameter = 0;  // where the document gives none
+};
+
+// Null for a word that means nothing here.
+const RtfControlWord* FindRtfControlWord(std::string_view name);
+
+}  // namespace varno

@@ -1,0 +1,65 @@
+// Puts a document together from paragraphs, cells and rows as they end.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "platform/rtf/rtf_document.h"
+
+namespace varno {
+
+struct RtfCellFormat {
+    int rightEdge = 0;
+    std::optional<Colour> background;
+    bool joinsPrevious = false;
+};
+
+struct RtfRowFormat {
+    int leftEdge = 0;
+    int gap = 0;
+    bool bordered = false;
+    std::vector<RtfCellFormat> cells;
+    RtfCellFormat nextCell;  // filled until its right edge is given
+};
+
+// A level is the depth in tables: 0 is outside of any, 1 in a cell of a table, and so on. Text
+// belongs to the paragraph that ends next. What a damaged document leaves open is closed as if it
+// had been ended in order.
+class RtfDocumentBuilder {
+  public:
+    explicit RtfDocumentBuilder(RtfDocument& document) : document_(document), levels_(1) {}
+
+    void AddText(std::u16string_view text, const RtfStyle& style);
+    void AddLabel(std::u16string_view text, const RtfStyle& style);
+    void AddPicture(RtfPicture picture, const RtfStyle& style);
+    bool ParagraphHasContent() const { return !paragraph_.runs.empty(); }
+
+    void EndParagraph(int level, const RtfParagraphFormat& format, const RtfStyle& mark);
+    // From level 1 on. A cell ends its last paragraph.
+    void EndCell(int level, const RtfParagraphFormat& format, const RtfStyle& mark);
+    void EndRow(int level, const RtfParagraphFormat& format, const RtfStyle& mark);
+
+    // The format of the rows of a level, from now on.
+    RtfRowFormat& RowFormat(int level);
+
+    void Finish(int level, const RtfParagraphFormat& format, const RtfStyle& mark);
+
+  private:
+    struct Level {
+        RtfRowFormat format;
+        std::vector<RtfRow> rows;
+        std::vector<RtfCell> cells;
+        std::vector<RtfBlock> blocks;  // of the cell being read; of the document on level 0
+    };
+
+    void GoTo(int level);
+    void CloseInnermost();
+    void CloseCell();
+    void CloseRow();
+
+    RtfDocument& document_;
+    RtfParagraph paragraph_;
+    std::vector<Level> levels_;
+};
+
+}  // namespace varno
