@@ -24,15 +24,26 @@ waitUntil() {
     return 1
 }
 
-Xvfb -displayfd 3 -screen 0 1920x1440x24 -nolisten tcp 3>"$scratch/display" 2>"$scratch/xvfb.log" &
-servers+=($!)
-waitUntil grep -q . "$scratch/display" || { cat "$scratch/xvfb.log" >&2; exit 1; }
-DISPLAY=":$(cat "$scratch/display")"
-export DISPLAY
+# Starts a server that writes its address to file descriptor 3; the address is then in `address`.
+address=
+serve() {
+    : >"$scratch/address"
+    "$@" 3>"$scratch/address" >"$scratch/log" 2>&1 &
+    servers+=($!)
+    waitUntil grep -q . "$scratch/address" || { cat "$scratch/log" >&2; exit 1; }
+    address="$(cat "$scratch/address")"
+}
+
+serve Xvfb -displayfd 3 -screen 0 1920x1440x24 -nolisten tcp
+export DISPLAY=":$address"
+serve dbus-daemon --session --nofork --nosyslog --print-address=3
+export DBUS_SESSION_BUS_ADDRESS="$address"
+export XDG_RUNTIME_DIR="$scratch/runtime"
+mkdir --mode=700 "$XDG_RUNTIME_DIR"
 unset WAYLAND_DISPLAY XAUTHORITY
 
-openbox 2>"$scratch/openbox.log" &
+openbox >"$scratch/log" 2>&1 &
 servers+=($!)
 waitUntil xdotool get_num_desktops
 
-dbus-run-session -- "$@"
+"$@"
