@@ -93,10 +93,11 @@ std::vector<std::string> FaultsInImage(const std::string& image) {
         faults.emplace_back("It has no end marker behind its tickets.");
         return faults;
     }
+    CheckRecords(image, endMarker, faults);
     if (endMarker - FirstWord > static_cast<std::size_t>(RecordCapacity))
         faults.emplace_back("The tickets leave no room for the keys.");
-    CheckRecords(image, endMarker, faults);
-    CheckTickets(image, faults);
+    else
+        CheckTickets(image, faults);
     return faults;
 }
 
