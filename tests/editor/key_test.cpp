@@ -48,17 +48,17 @@ class EditorModel {
     using Action = void (EditorModel::*)();
 
     void Apply(const KeyStroke& stroke) {
-        static const std::map<int, Action> Actions{
+        static const std::map<int, Action> actions{
             {KeyDelete, &EditorModel::Delete}, {KeyBackspace, &EditorModel::Backspace},
             {KeyLeft, &EditorModel::Left},     {KeyRight, &EditorModel::Right},
             {KeyHome, &EditorModel::Home},     {KeyEnd, &EditorModel::End},
             {KeyUp, &EditorModel::Up},         {KeyDown, &EditorModel::Down}};
-        static const std::map<int, Action> CtrlActions{
+        static const std::map<int, Action> ctrlActions{
             {KeyEnter, &EditorModel::BreakLine}, {KeySpace, &EditorModel::Blank},
             {'C', &EditorModel::Copy},           {'V', &EditorModel::Paste},
             {'Z', &EditorModel::Undo},           {'Y', &EditorModel::Redo}};
-        const auto& actions = stroke.shift == ShiftCtrl ? CtrlActions : Actions;
-        if (const auto found = actions.find(stroke.code); found != actions.end()) {
+        const auto& known = stroke.shift == ShiftCtrl ? ctrlActions : actions;
+        if (const auto found = known.find(stroke.code); found != known.end()) {
             (this->*found->second)();
         } else if (stroke.shift <= ShiftShift) {
             box_.SetSelText(stroke.text);
@@ -69,7 +69,7 @@ class EditorModel {
     int Start() const { return box_.SelStart(); }
     int EndOfText() const { return static_cast<int>(box_.Marked().Length()); }
     // Characters that one step over the position takes: a line break is one unit.
-    int UnitBefore() const { return Start() == 0 ? 0 : At(Start()) == u'\n' ? 2 : 1; }
+    int UnitBefore() const { return std::min(Start(), At(Start()) == u'\n' ? 2 : 1); }
     int UnitBehind() const { return Start() == EndOfText() ? 0 : At(Start() + 1) == u'\r' ? 2 : 1; }
     int LineStart(int from) const {
         while (from > 0 && At(from) != u'\n') --from;

@@ -1,5 +1,6 @@
 // Keys written as text: "ab<Enter>" presses A, B and Enter. In angle brackets stands the name of a
-// key, with any of "C-", "S-", "A-" in front for Ctrl, Shift and Alt; "<Click>" clicks where the caret is.
+// key, with any of "C-", "S-", "A-" in front for Ctrl, Shift and Alt; "<Click>" clicks where the
+// caret is.
 #pragma once
 
 #include <map>
@@ -36,7 +37,7 @@ inline KeyStroke LetterStroke(char16_t character) {
 }
 
 inline KeyStroke NamedStroke(std::string name) {
-    static const std::map<std::string_view, int> Codes{
+    static const std::map<std::string_view, int> codes{
         {"Click", KeyNone},  {"BS", KeyBackspace},  {"Enter", KeyEnter}, {"Space", KeySpace},
         {"PgUp", KeyPageUp}, {"PgDn", KeyPageDown}, {"End", KeyEnd},     {"Home", KeyHome},
         {"Left", KeyLeft},   {"Up", KeyUp},         {"Right", KeyRight}, {"Down", KeyDown},
@@ -47,14 +48,14 @@ inline KeyStroke NamedStroke(std::string name) {
         stroke.shift += name[0] == 'C' ? ShiftCtrl : name[0] == 'S' ? ShiftShift : ShiftAlt;
     }
     if (name.size() == 1) {
-        stroke.code = name[0];
+        stroke.code = static_cast<unsigned char>(name[0]);
         // What a German keyboard types with Shift and 7.
         stroke.text = name == "7" && stroke.shift == ShiftShift ? u"/" : FromUtf8(name);
     } else if (name.starts_with("Pad")) {
         stroke.code = KeyPad0 + name[3] - '0';
         stroke.text = FromUtf8(name.substr(3));
     } else {
-        stroke.code = Codes.at(name);
+        stroke.code = codes.at(name);
         stroke.text = stroke.code == KeySpace ? u" " : u"";
     }
     return stroke;
