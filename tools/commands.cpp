@@ -34,9 +34,8 @@ int TicketNumber(const std::string& text) {
 
 // The index of a key given by name or letter in either case; KeyCount for "none".
 int KeyIndex(const std::string& text) {
-    const auto sameLetter = [](unsigned char a, unsigned char b) {
-        return std::tolower(a) == std::tolower(b);
-    };
+    const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
+    const auto sameLetter = [&](char a, char b) { return lower(a) == lower(b); };
     const auto means = [&](std::string_view name) {
         return text.size() == 1
                    ? sameLetter(text[0], name[0])
