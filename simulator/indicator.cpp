@@ -1,0 +1,124 @@
+#include "simulator/indicator.h"
+
+#include <utility>
+
+#include "block/rows.h"
+#include "simulator/print.h"
+
+namespace varno {
+
+namespace {
+
+constexpr int NoiseLength = 40;
+constexpr std::size_t HeardShown = 60;
+
+std::string Count(std::size_t count, const std::string& thing) {
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
+
+// Printable characters as they are, others as their codes.
+std::string Readable(std::string_view characters) {
+    std::string text;
+    for (const char character : characters) {
+        const auto code = static_cast<unsigned char>(character);
+        text += code >= ' ' && code < 0x7F ? std::string(1, character)
+                                           : "<" + std::to_string(code) + ">";
+    }
+    return text;
+}
+
+}  // namespace
+
+Indicator::Indicator(std::string image, Catalogues catalogues)
+    : catalogues_(std::move(catalogues)) {
+    block_.TicketBuffer = std::move(image);
+    block_.ReadTickets();
+}
+
+void Indicator::Transmit() {
+    transmission_ += block_.TicketBuffer + "\r\n";
+    Say("transmitting " + Count(block_.ReadTickets().size(), "ticket"));
+}
+
+void Indicator::StartCapture() {
+    capture_.Start();
+    Say("capturing");
+}
+
+void Indicator::PrintKey(int key) {
+    const int ticket = block_.KeyTicket[static_cast<std::size_t>(key)];
+    const std::string name(KeyNames[static_cast<std::size_t>(key)]);
+    if (ticket == 0) {
+        Say("no ticket is bound to " + name);
+        return;
+    }
+    Say("-- " + name + ": ticket " + std::to_string(ticket) + " --");
+    Say(PrintedTicket(block_.TicketBuffer, ticket, catalogues_));
+    Say("--");
+}
+
+void Indicator::List() {
+    const std::vector<int> tickets = block_.ReadTickets();
+    for (const int ticket : tickets) {
+        std::string keys;
+        for (std::size_t key = 0; key < KeyCount; ++key) {
+            if (block_.KeyTicket[key] == ticket) {
+                keys += " " + std::string(KeyNames[key]);
+            }
+        }
+        Say(std::to_string(ticket) + keys);
+    }
+    Say(Count(tickets.size(), "ticket"));
+}
+
+void Indicator::SendNoise() {
+    for (int i = 0; i < NoiseLength; ++i) {
+        noise_ = noise_ * 1103515245 + 12345;
+        const char character = static_cast<char>(noise_ >> 16);
+        transmission_ += character == ':' ? ';' : character;  // no image begins
+    }
+}
+
+void Indicator::Say(std::string_view line) {
+    screen_ += line;
+    if (!line.ends_with('\n')) {
+        screen_ += '\n';
+    }
+}
+
+void Indicator::Receive(std::string_view characters) {
+    const std::size_t taken = capture_.Take(characters);
+    ReportCapture();
+    heard_ += characters.substr(taken);
+}
+
+void Indicator::Silence() {
+    capture_.Silence();
+    ReportCapture();
+    if (!heard_.empty()) {
+        const bool all = heard_.size() <= HeardShown;
+        Say("received " + Count(heard_.size(), "character") + ": " +
+            Readable(std::string_view(heard_).substr(0, HeardShown)) + (all ? "" : " ..."));
+        heard_.clear();
+    }
+}
+
+void Indicator::ReportCapture() {
+    if (std::string image = capture_.TakeImage(); !image.empty()) {
+        block_.TicketBuffer = std::move(image);
+        Say("captured, " + Count(block_.ReadTickets().size(), "ticket"));
+    }
+    if (const std::string fault = capture_.TakeFault(); !fault.empty()) {
+        Say("capturing failed: " + fault);
+    }
+}
+
+std::string Indicator::TakeTransmission() {
+    return std::exchange(transmission_, {});
+}
+
+std::string Indicator::TakeScreen() {
+    return std::exchange(screen_, {});
+}
+
+}  // namespace varno

@@ -1,0 +1,112 @@
+#include "simulator/panel.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+
+#include "platform/files.h"
+
+namespace varno {
+
+namespace {
+
+constexpr std::string_view Help =
+    "77         transmit the ticket buffer (upload in the program)\n"
+    "78         capture a ticket buffer (download in the program)\n"
+    "P S I O    press Print, Start, In or Out\n"
+    "list       the tickets and the keys they are bound to\n"
+    "save FILE  save the ticket buffer as a block file\n"
+    "speed N    carry N bits a second both ways; 0: as fast as it goes\n"
+    "noise      send characters that mean nothing\n"
+    "cut N      after N more characters pull the cable, and plug it in again a second later\n"
+    "stall N    after N more characters stand still, until stall is entered without a number\n"
+    "help       this list\n"
+    "quit       end\n";
+
+std::string_view Trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    const std::size_t last = text.find_last_not_of(" \t\r\n");
+    return first == std::string_view::npos ? "" : text.substr(first, last - first + 1);
+}
+
+std::string Lower(std::string_view text) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), [](unsigned char character) {
+        return static_cast<char>(std::tolower(character));
+    });
+    return lower;
+}
+
+// The whole number from 0 on that the text writes, or -1.
+int WholeNumber(std::string_view text) {
+    int number = -1;
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end ? std::max(number, -1) : -1;
+}
+
+}  // namespace
+
+void Panel::Run(std::string_view commandLine) {
+    const std::string_view line = Trimmed(commandLine);
+    const std::size_t nameEnd = std::min(line.find_first_of(" \t"), line.size());
+    const std::string name = Lower(line.substr(0, nameEnd));
+    if (!name.empty() && !Do(name, std::string(Trimmed(line.substr(nameEnd))))) {
+        indicator_.Say("not understood: " + std::string(line) + " (help lists the commands)");
+    }
+}
+
+// False if it is no command.
+bool Panel::Do(const std::string& name, const std::string& argument) {
+    if (!argument.empty() && name == "save") {
+        Save(argument);
+        return true;
+    }
+    if (!argument.empty()) {
+        return DoWithNumber(name, WholeNumber(argument));
+    }
+    if (const std::size_t key = std::string_view("psio").find(name);
+        name.size() == 1 && key != std::string_view::npos) {
+        indicator_.PrintKey(static_cast<int>(key));
+    } else if (name == "77") {
+        indicator_.Transmit();
+    } else if (name == "78") {
+        indicator_.StartCapture();
+    } else if (name == "list") {
+        indicator_.List();
+    } else if (name == "noise") {
+        indicator_.SendNoise();
+    } else if (name == "stall") {
+        line_.resume();
+    } else if (name == "help") {
+        indicator_.Say(Help);
+    } else if (name == "quit") {
+        hasQuit_ = true;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool Panel::DoWithNumber(const std::string& name, int number) {
+    if (number < 0) {
+        return false;
+    }
+    if (name == "speed") {
+        line_.speed(number);
+    } else if (name == "cut") {
+        line_.cutAfter(number);
+    } else if (name == "stall") {
+        line_.stallAfter(number);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void Panel::Save(const std::string& path) {
+    const Error error = WriteFile(path, indicator_.Memory() + "\r\n");
+    indicator_.Say(error ? *error : "saved as " + path);
+}
+
+}  // namespace varno

@@ -1,0 +1,39 @@
+// The simulated indicator's panel: one command a line.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "simulator/indicator.h"
+
+namespace varno {
+
+// What the panel does to the line; the line itself belongs to the caller.
+struct LineSwitches {
+    std::function<void(int baud)> speed;
+    std::function<void(int characters)> cutAfter;
+    std::function<void(int characters)> stallAfter;
+    std::function<void()> resume;
+};
+
+class Panel {
+  public:
+    Panel(Indicator& indicator, LineSwitches line)
+        : indicator_(indicator), line_(std::move(line)) {}
+
+    // Letters in either case. Answers, complaints included, go to the indicator's screen.
+    void Run(std::string_view commandLine);
+    bool HasQuit() const { return hasQuit_; }
+
+  private:
+    bool Do(const std::string& name, const std::string& argument);
+    bool DoWithNumber(const std::string& name, int number);
+    void Save(const std::string& path);
+
+    Indicator& indicator_;
+    LineSwitches line_;
+    bool hasQuit_ = false;
+};
+
+}  // namespace varno
