@@ -211,6 +211,7 @@ template <RtfDestination Destination>
 void Enter(In& in, int) {
     in.Enter(Destination);
 }
+void Stay(In&, int) {}  // known, so that it is not skipped
 constexpr auto Skip = Enter<RtfDestination::Skipped>;
 
 void NestedTableProperties(In& in, int) {
@@ -385,11 +386,14 @@ constexpr RtfControlWord Words[] = {
     {"pict", Enter<RtfDestination::Picture>},
     {"upr", TextWithAlternative},
     {"ud", UnicodeAlternative},
-    {"shppict", [](In&, int) {}},
+    {"fldrslt", Stay},
+    {"result", Stay},
+    {"shppict", Stay},
     {"stylesheet", Skip},
     {"filetbl", Skip},
     {"revtbl", Skip},
     {"listtable", Skip},
+    {"listoverridetable", Skip},
     {"info", Skip},
     {"header", Skip},
     {"headerl", Skip},

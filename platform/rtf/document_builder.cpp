@@ -10,6 +10,9 @@ namespace {
 constexpr int DeepestLevel = 8;
 
 void AddTo(std::vector<RtfRun>& runs, std::u16string_view text, const RtfStyle& style) {
+    if (text.empty()) {
+        return;
+    }
     if (runs.empty() || runs.back().picture >= 0 || !(runs.back().style == style)) {
         runs.push_back({style, {}, -1});
     }
@@ -39,6 +42,33 @@ void RtfDocumentBuilder::AddText(std::u16string_view text, const RtfStyle& style
 
 void RtfDocumentBuilder::AddLabel(std::u16string_view text, const RtfStyle& style) {
     AddTo(paragraph_.label, text, style);
+}
+
+void RtfDocumentBuilder::EndLabel() {
+    std::vector<RtfRun>& label = paragraph_.label;
+    while (!label.empty()) {
+        std::u16string& text = label.back().text;
+        text.erase(text.find_last_not_of(u'\t') + 1);
+        if (!text.empty()) {
+            return;
+        }
+        label.pop_back();
+    }
+}
+
+void RtfDocumentBuilder::SplitLabel() {
+    const std::vector<RtfRun> label = std::exchange(paragraph_.label, {});
+    bool isText = std::none_of(label.begin(), label.end(), [](const RtfRun& run) {
+        return run.text.find(u'\t') != std::u16string::npos;
+    });
+    for (const RtfRun& run : label) {
+        const std::u16string_view text = run.text;
+        const std::size_t tab = isText ? 0 : std::min(text.find(u'\t'), text.size());
+        const std::size_t behind = isText ? 0 : std::min(tab + 1, text.size());
+        AddLabel(text.substr(0, tab), run.style);
+        AddText(text.substr(behind), run.style);
+        isText = isText || tab < text.size();
+    }
 }
 
 void RtfDocumentBuilder::AddPicture(RtfPicture picture, const RtfStyle& style) {

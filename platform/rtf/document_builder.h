@@ -32,6 +32,11 @@ class RtfDocumentBuilder {
     void AddText(std::u16string_view text, const RtfStyle& style);
     void AddLabel(std::u16string_view text, const RtfStyle& style);
     void AddPicture(RtfPicture picture, const RtfStyle& style);
+    // The label is complete: without the tab behind it.
+    void EndLabel();
+    // The label went on to the end of the paragraph: what stands behind its tab, or all of it, is
+    // text.
+    void SplitLabel();
     bool ParagraphHasContent() const { return !paragraph_.runs.empty(); }
 
     void EndParagraph(int level, const RtfParagraphFormat& format, const RtfStyle& mark);

@@ -138,6 +138,9 @@ void RtfInterpreter::EndDestination(RtfDestination destination) {
             }
             instruction_.clear();
             break;
+        case RtfDestination::Label:
+            builder_.EndLabel();
+            break;
         case RtfDestination::Picture:
             if (picture_.Complete() && Visible()) {
                 builder_.AddPicture(picture_.Take(), State().style);
@@ -227,7 +230,7 @@ void RtfInterpreter::AddText(std::u16string_view text) {
             }
             break;
         case RtfDestination::Label:
-            if (Visible() && text != u"\t") {
+            if (Visible()) {
                 builder_.AddLabel(text, State().style);
             }
             break;
@@ -276,7 +279,11 @@ int RtfInterpreter::NestedLevel() {
 }
 
 void RtfInterpreter::EndParagraph() {
-    if (InBody() && Visible()) {
+    const bool inLabel = State().destination == RtfDestination::Label;
+    if (inLabel) {
+        builder_.SplitLabel();  // one writer puts whole items into the group of their bullet
+    }
+    if ((InBody() || inLabel) && Visible()) {
         builder_.EndParagraph(Level(), State().paragraph, State().style);
     }
 }

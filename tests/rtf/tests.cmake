@@ -1,0 +1,7 @@
+set(rtf_tests ${CMAKE_CURRENT_LIST_DIR})
+varno_test(rtf_test
+    ${rtf_tests}/damage_test.cpp
+    ${rtf_tests}/document_test.cpp
+    ${rtf_tests}/reader_test.cpp
+    ${rtf_tests}/writer_test.cpp
+    LINKS rtf)
