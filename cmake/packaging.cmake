@@ -7,17 +7,22 @@ set(package varno-ticket-formatter)
 set(texts ${PROJECT_SOURCE_DIR}/packaging)
 set(made ${PROJECT_BINARY_DIR}/packaging)
 
-# The program looks for its catalogues and its tutorial in its own folder, also through a link.
-file(MAKE_DIRECTORY ${made})
-file(CREATE_LINK ../lib/${package}/VarnoTicketFormatter ${made}/${package} SYMBOLIC)
-install(TARGETS VarnoTicketFormatter RUNTIME DESTINATION lib/${package})
+# Every program looks for the catalogues in its own folder, the window for its tutorial too. So all
+# live in one folder, and what is called are links into it.
+install(TARGETS VarnoTicketFormatter varno-indicator varno-tickets RUNTIME DESTINATION lib/${package})
 install(
     FILES "${PROJECT_BINARY_DIR}/Varno Control Codes.txt" "${PROJECT_BINARY_DIR}/Varno Print Codes.txt"
           "${PROJECT_BINARY_DIR}/Varno Ticket Formatter Tutorial.rtf"
     DESTINATION lib/${package}
 )
-install(FILES ${made}/${package} DESTINATION bin)
-install(TARGETS varno-indicator varno-tickets RUNTIME DESTINATION bin)
+function(install_link name program)
+    file(CREATE_LINK ../lib/${package}/${program} ${made}/${name} SYMBOLIC)
+    install(FILES ${made}/${name} DESTINATION bin)
+endfunction()
+file(MAKE_DIRECTORY ${made})
+install_link(${package} VarnoTicketFormatter)
+install_link(varno-indicator varno-indicator)
+install_link(varno-tickets varno-tickets)
 
 install(FILES ${texts}/${package}.desktop DESTINATION share/applications)
 install(FILES ${texts}/${package}.mime.xml DESTINATION share/mime/packages RENAME ${package}.xml)
