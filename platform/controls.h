@@ -47,12 +47,17 @@ class Component {
     virtual ~Component() = default;
 };
 
-class Control : public Component {
+// What can be offered to the operator or withheld: controls and menu items.
+class Command : public Component {
   public:
     virtual bool Enabled() const = 0;
     virtual void SetEnabled(bool enabled) = 0;
     virtual bool Visible() const = 0;
     virtual void SetVisible(bool visible) = 0;
+};
+
+class Control : public Command {
+  public:
     virtual Place GetPlace() const = 0;
     virtual void SetPlace(const Place& place) = 0;
     virtual void SetFocus() = 0;
@@ -118,9 +123,9 @@ class ListBox : public Control {
   public:
     virtual int ListCount() const = 0;
     virtual std::string List(int index) const = 0;
-    virtual void AddItem(const std::string& text) = 0;              // sorted, if the list is
+    virtual void AddItem(const std::string& text) = 0;                // sorted, if the list is
     virtual void InsertItem(int index, const std::string& text) = 0;  // just there
-    virtual void SetItem(int index, const std::string& text) = 0;   // keeps its place
+    virtual void SetItem(int index, const std::string& text) = 0;     // keeps its place
     virtual void RemoveItem(int index) = 0;  // of the selected row: none is selected then
     virtual void Clear() = 0;
     virtual int ListIndex() const = 0;  // the selected row, -1 for none
@@ -156,13 +161,8 @@ class Timer : public Component {
     std::function<void()> OnTimer;
 };
 
-class MenuItem : public Component {
+class MenuItem : public Command {
   public:
-    virtual bool Enabled() const = 0;
-    virtual void SetEnabled(bool enabled) = 0;
-    virtual bool Visible() const = 0;
-    virtual void SetVisible(bool visible) = 0;
-
     std::function<void()> OnClick;  // chosen; of a menu: about to open
 };
 

@@ -19,8 +19,8 @@ struct Place {
 };
 
 enum class ControlKind {
-    StatusStrip,   // a bar docked to the top edge, as wide as the window
-    Frame,         // groups controls; no border, no caption
+    StatusStrip,  // a bar docked to the top edge, as wide as the window
+    Frame,        // groups controls; no border, no caption
     Label,
     TextBox,       // one line
     TextArea,      // many lines, scroll bars, plain text
@@ -30,8 +30,8 @@ enum class ControlKind {
     ToggleButton,  // stays pressed
     CheckBox,
     ListBox,
-    SimpleCombo,   // an edit field over a list that is always open
-    Timer,         // invisible; `interval` counts
+    SimpleCombo,  // an edit field over a list that is always open
+    Timer,        // invisible; `interval` counts
 };
 
 enum class Alignment { Left, Centre, Right };
@@ -62,6 +62,7 @@ struct ControlDesign {
     bool sorted = false;         // ListBox, SimpleCombo: entries in alphabetical order
     int maxLength = 0;           // TextBox: characters it takes; 0 means any number
     int interval = 0;            // Timer: milliseconds
+    bool growsToFit = false;     // Label: widens for a long caption; its aligned edge stays
     bool isDefault = false;      // Button: pressed by Enter
     bool isCancel = false;       // Button: pressed by Esc
     // SimpleCombo: the access names of its two halves; accessibleName names the edit field.
@@ -70,7 +71,7 @@ struct ControlDesign {
 
 struct MenuDesign {
     std::string_view name;
-    std::string_view parent = {};  // empty: in the menu bar
+    std::string_view parent = {};   // empty: in the menu bar
     std::string_view caption = {};  // "-" is a separator
     bool enabled = true;
     bool visible = true;

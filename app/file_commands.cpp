@@ -1,0 +1,181 @@
+#include "app/file_commands.h"
+
+#include "app/path_rules.h"
+#include "block/parse.h"
+#include "block/unsaved_question.h"
+#include "platform/files.h"
+#include "platform/platform.h"
+#include "platform/rtf/rtf_reader.h"
+#include "platform/rtf/rtf_writer.h"
+
+namespace varno {
+
+struct FileCommands::Kind {
+    const char* extension;
+    const char* filter;
+};
+
+const FileCommands::Kind FileCommands::TicketKind{"VRT", "Varno Ticket|*.VRT"};
+const FileCommands::Kind FileCommands::BlockKind{"VRB", "Varno ticket block|*.VRB"};
+
+namespace {
+
+// A bare name without the extension letters leaves the label as it is; false then.
+bool ShowName(Label& label, const std::string& bareName, const char* extension) {
+    const std::optional<std::string> name = LabelForm(bareName, extension);
+    if (name) {
+        label.SetCaption(*name);
+    }
+    return name.has_value();
+}
+
+std::string FirstField(const std::string& bytes) {
+    return bytes.substr(0, bytes.find_first_of(",\r\n"));
+}
+
+}  // namespace
+
+Error FileCommands::OpenTicketFile(const std::string& path) {
+    std::string bytes;
+    if (Error error = ReadFile(path, bytes)) {
+        return error;
+    }
+    MarkedText ticket;
+    if (Error error = LoadMarkedText(bytes, ticket)) {
+        return path + ": " + *error;
+    }
+    controls_.RichText.SetContent(ticket);
+    if (ShowName(controls_.TicketName, BareName(path), TicketKind.extension)) {
+        state_.TicketChanged = false;
+    }
+    return std::nullopt;
+}
+
+Error FileCommands::OpenBlockFile(const std::string& path) {
+    std::string bytes;
+    if (Error error = ReadFile(path, bytes)) {
+        return error;
+    }
+    state_.block.TicketBuffer = FirstField(bytes);
+    ParseTicketBuffer(state_.block, controls_.TicketList, controls_.Message);
+    if (ShowName(controls_.ListName, BareName(path), BlockKind.extension)) {
+        state_.block.BlockChanged = false;
+    }
+    return std::nullopt;
+}
+
+void FileCommands::AskToSaveTicket() {
+    if (controls_.RichText.HasText()) {
+        AskToSave(dialogs_, UnsavedTicket, Buttons::YesNo, state_.TicketChanged,
+                  [this] { SaveTicket_Click(); });
+    }
+}
+
+void FileCommands::AskToSaveBlock() {
+    if (controls_.TicketList.ListCount() > 0) {
+        AskToSave(dialogs_, UnsavedBlock, Buttons::YesNo, state_.block.BlockChanged,
+                  [this] { SaveList_Click(); });
+    }
+}
+
+void FileCommands::FileMenu_Click() {
+    OnFileMenuOpens();
+}
+
+void FileCommands::LoadTicket_Click() {
+    AskToSaveTicket();
+    const auto chosen = dialogs_.ShowOpen({.initDir = state_.folders.LoadTicketFolder,
+                                           .fileName = "*.VRT",
+                                           .defaultExt = TicketKind.extension,
+                                           .filter = TicketKind.filter});
+    if (!chosen) {
+        return;
+    }
+    (void)OpenTicketFile(chosen->fileName);  // says nothing when it fails
+    state_.folders.LoadTicketFolder = FolderOf(chosen->fileName, chosen->fileTitle);
+    controls_.TicketNumber.SetText("");
+}
+
+void FileCommands::LoadList_Click() {
+    AskToSaveBlock();
+    const auto chosen = dialogs_.ShowOpen({.initDir = state_.folders.LoadListFolder,
+                                           .fileName = "*.VRB",
+                                           .defaultExt = BlockKind.extension,
+                                           .filter = BlockKind.filter});
+    if (!chosen) {
+        return;
+    }
+    controls_.TicketList.Clear();
+    (void)OpenBlockFile(chosen->fileName);  // says nothing when it fails
+    state_.folders.LoadListFolder = FolderOf(chosen->fileName, chosen->fileTitle);
+    OnBlockOpened();
+}
+
+void FileCommands::SaveTicket_Click() {
+    const std::string name = controls_.TicketName.Caption();
+    if (name.empty()) {
+        SaveTicketAs_Click();
+    } else if (Write(state_.folders.SaveTicketFolder + name + ".VRT", TicketBytes())) {
+        state_.TicketChanged = false;
+    }
+}
+
+void FileCommands::SaveTicketAs_Click() {
+    const auto chosen = ChooseNewFile(TicketKind, state_.folders.SaveTicketFolder,
+                                      controls_.TicketName.Caption() + ".VRT");
+    if (!chosen || !Write(chosen->fileName, TicketBytes())) {
+        return;
+    }
+    ShowName(controls_.TicketName, chosen->fileTitle, TicketKind.extension);
+    state_.folders.SaveTicketFolder = FolderOf(chosen->fileName, chosen->fileTitle);
+    state_.TicketChanged = false;
+}
+
+void FileCommands::SaveList_Click() {
+    const auto chosen = ChooseNewFile(BlockKind, state_.folders.SaveListFolder,
+                                      controls_.ListName.Caption() + ".VRB");
+    if (!chosen || !Write(chosen->fileName, state_.block.TicketBuffer + "\r\n")) {
+        return;
+    }
+    ShowName(controls_.ListName, chosen->fileTitle, BlockKind.extension);
+    state_.folders.SaveListFolder = FolderOf(chosen->fileName, chosen->fileTitle);
+    state_.block.BlockChanged = false;
+}
+
+// Nothing when the dialog was cancelled. No to overwriting opens the dialog again.
+std::optional<ChosenFile> FileCommands::ChooseNewFile(const Kind& kind, const std::string& folder,
+                                                      const std::string& name) {
+    for (;;) {
+        const auto chosen = dialogs_.ShowSave({.initDir = folder,
+                                               .fileName = name,
+                                               .defaultExt = kind.extension,
+                                               .filter = kind.filter});
+        if (!chosen || ConfirmOverwriting(*chosen)) {
+            return chosen;
+        }
+    }
+}
+
+bool FileCommands::ConfirmOverwriting(const ChosenFile& chosen) {
+    if (!FileExists(FileMeantBy(chosen.fileName))) {
+        return true;
+    }
+    const std::string question = "\"" + chosen.fileTitle + "\" exists.\r\n\r\nOverwrite?";
+    return dialogs_.ShowMessage(question, "Existing File", Buttons::YesNo, Icon::Question) ==
+           Answer::Yes;
+}
+
+// Says why when the file cannot be written; the old one is whole then.
+bool FileCommands::Write(const std::string& path, const std::string& bytes) {
+    const Error error = WriteFile(FileMeantBy(path), bytes);
+    if (error) {
+        dialogs_.ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
+    }
+    return !error;
+}
+
+std::string FileCommands::TicketBytes() const {
+    return WriteRtf(controls_.RichText.Content());
+}
+
+}  // namespace varno

@@ -1,0 +1,63 @@
+// Tickets and blocks on disk: the commands of the File menu, and opening a file by its path.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "app/working_state.h"
+#include "platform/dialogs.h"
+#include "platform/error.h"
+#include "platform/rich_text.h"
+
+namespace varno {
+
+struct FileControls {
+    RichTextBox& RichText;
+    ListBox& TicketList;
+    TextBox& TicketNumber;
+    Label& TicketName;  // the ticket file, without folder and extension; empty without one
+    Label& ListName;    // the block file likewise; one blank without one
+    Label& Message;
+};
+
+class FileCommands {
+  public:
+    FileCommands(const FileControls& controls, Dialogs& dialogs, WorkingState& state)
+        : controls_(controls), dialogs_(dialogs), state_(state) {}
+
+    std::function<void()> OnBlockOpened;
+    std::function<void()> OnFileMenuOpens;
+
+    void FileMenu_Click();
+    void LoadTicket_Click();
+    void SaveTicket_Click();
+    void SaveTicketAs_Click();
+    void LoadList_Click();
+    void SaveList_Click();
+
+    // The unsaved-changes questions, with Yes and No; asked only while there is something to lose.
+    void AskToSaveTicket();
+    void AskToSaveBlock();
+
+    // A file that cannot be read changes nothing. The list keeps the rows it has: whoever opens a
+    // block over another clears it first.
+    [[nodiscard]] Error OpenTicketFile(const std::string& path);
+    [[nodiscard]] Error OpenBlockFile(const std::string& path);
+
+  private:
+    struct Kind;
+    static const Kind TicketKind;
+    static const Kind BlockKind;
+
+    std::optional<ChosenFile> ChooseNewFile(const Kind& kind, const std::string& folder,
+                                            const std::string& name);
+    bool ConfirmOverwriting(const ChosenFile& chosen);
+    bool Write(const std::string& path, const std::string& bytes);
+    std::string TicketBytes() const;
+
+    FileControls controls_;
+    Dialogs& dialogs_;
+    WorkingState& state_;
+};
+
+}  // namespace varno

@@ -1,0 +1,247 @@
+#include "app/form1.h"
+
+#include "app/about.h"
+#include "app/layout.h"
+#include "app/main_window_design.h"
+#include "app/path_rules.h"
+#include "app/settings.h"
+#include "codec/catalogue.h"
+#include "codec/insert.h"
+
+namespace varno {
+namespace {
+
+constexpr int InBufferSize = 8092;
+
+Catalogues CataloguesIn(const std::string& folder) {
+    const auto path = [&](std::string_view name) { return folder + "/" + std::string(name); };
+    return {.controlCodes = path(ControlCatalogueName), .printCodes = path(PrintCatalogueName)};
+}
+
+std::string KeyButtonName(std::size_t key) {
+    return "KeyAssignment(" + std::to_string(key) + ")";
+}
+
+}  // namespace
+
+Form1::Form1(Platform& platform)
+    : platform_(platform),
+      window_(platform.CreateWindow(MainWindowDesign())),
+      MSComm1_(platform.CreateSerialControl(InBufferSize)),
+      controls_(MakeBlockControls()),
+      message_(window_->Get<Label>("Message")),
+      timer1_(window_->Get<Timer>("Timer1")),
+      catalogues_(CataloguesIn(platform.App().path)),
+      commandStates_(*window_),
+      files_({.RichText = controls_.RichText,
+              .TicketList = controls_.TicketList,
+              .TicketNumber = controls_.TicketNumber,
+              .TicketName = controls_.TicketName,
+              .ListName = window_->Get<Label>("ListName"),
+              .Message = message_},
+             platform.Ask(), state_),
+      put_(controls_, platform.Ask(), state_.block),
+      delete_(controls_, state_.block),
+      keyAssignment_(controls_, state_.block),
+      listView_(controls_, platform.Ask(), state_.block, state_.TicketChanged, catalogues_,
+                delete_),
+      insertCommands_(controls_.RichText, platform, catalogues_),
+      editor_(controls_.RichText, state_.TicketChanged, insertCommands_),
+      transfer_(*MSComm1_, message_, timer1_),
+      upload_({.MSComm1 = *MSComm1_,
+               .Message = message_,
+               .Timer1 = timer1_,
+               .TicketList = controls_.TicketList,
+               .RichText = controls_.RichText},
+              platform.Ask(), state_.block, transfer_),
+      download_({.MSComm1 = *MSComm1_, .Message = message_, .TicketList = controls_.TicketList},
+                platform, state_.block, transfer_),
+      serialSettings_(*MSComm1_, platform.Ask()),
+      terminal_(platform, *MSComm1_),
+      tutorial_(platform) {
+    ConnectFiles();
+    ConnectBlock();
+    ConnectEditor();
+    ConnectLink();
+    ConnectWindow();
+}
+
+BlockControls Form1::MakeBlockControls() {
+    std::array<ToggleButton*, KeyCount> keys{};
+    for (std::size_t key = 0; key < keys.size(); ++key) {
+        keys[key] = &window_->Get<ToggleButton>(KeyButtonName(key));
+    }
+    return {.TicketNumber = window_->Get<TextBox>("TicketNumber"),
+            .PutButton = TheButton("PutButton"),
+            .EditButton = TheButton("EditButton"),
+            .KeyAssignment = keys,
+            .DeleteButton = TheButton("DeleteButton"),
+            .TicketList = window_->Get<ListBox>("TicketList"),
+            .RichText = window_->Get<RichTextBox>("RichText"),
+            .TicketName = window_->Get<Label>("TicketName")};
+}
+
+std::function<void()> Form1::Announce(CommandEvent event) {
+    return [this, event] { commandStates_.On(event); };
+}
+
+void Form1::ConnectFiles() {
+    files_.OnBlockOpened = Announce(CommandEvent::BlockOpened);
+    files_.OnFileMenuOpens = Announce(CommandEvent::FileMenuOpens);
+    Menu("FileMenu").OnClick = [this] { files_.FileMenu_Click(); };
+    Menu("LoadTicket").OnClick = [this] { files_.LoadTicket_Click(); };
+    Menu("SaveTicket").OnClick = [this] { files_.SaveTicket_Click(); };
+    Menu("SaveTicketAs").OnClick = [this] { files_.SaveTicketAs_Click(); };
+    Menu("LoadList").OnClick = [this] { files_.LoadList_Click(); };
+    Menu("SaveList").OnClick = [this] { files_.SaveList_Click(); };
+    Menu("Exit").OnClick = [this] { Exit_Click(); };
+}
+
+void Form1::ConnectBlock() {
+    put_.OnNumberChanged = Announce(CommandEvent::NumberChanged);
+    put_.OnPutEnded = Announce(CommandEvent::TicketPut);
+    controls_.TicketNumber.OnKeyPress = &PutCommand::TicketNumber_KeyPress;
+    controls_.TicketNumber.OnChange = [this] { put_.TicketNumber_Change(); };
+    controls_.PutButton.OnClick = [this] { put_.PutButton_Click(); };
+
+    delete_.OnDeleted = Announce(CommandEvent::TicketDeleted);
+    controls_.DeleteButton.OnClick = [this] { delete_.DeleteButton_Click(); };
+
+    for (int key = 0; key < KeyCount; ++key) {
+        ToggleButton& button = *controls_.KeyAssignment[static_cast<std::size_t>(key)];
+        button.OnMouseUp = [this, key] { keyAssignment_.KeyAssignment_MouseUp(key); };
+        button.OnClick = button.OnMouseUp;  // from the keyboard
+    }
+
+    listView_.OnListSelected = Announce(CommandEvent::ListSelected);
+    listView_.SaveTicket = [this] { files_.SaveTicket_Click(); };
+    controls_.TicketList.OnClick = [this] { listView_.TicketList_Click(); };
+    controls_.TicketList.OnDblClick = [this] { listView_.TicketList_DblClick(); };
+    controls_.TicketList.OnGotFocus = [this] { listView_.TicketList_GotFocus(); };
+    controls_.TicketList.OnKeyUp = [this](int keyCode) { listView_.TicketList_KeyUp(keyCode); };
+    controls_.TicketList.OnKeyPress = [this](char32_t character) {
+        keyAssignment_.TicketList_KeyPress(character);
+    };
+    controls_.EditButton.OnClick = [this] { listView_.EditButton_Click(); };
+}
+
+void Form1::ConnectEditor() {
+    editor_.OnChanged = [this](bool) { commandStates_.On(CommandEvent::EditorChanged); };
+    editor_.OnFocused = Announce(CommandEvent::EditorFocused);
+    editor_.OnPutRequested = [this] { put_.PutButton_Click(); };
+    RichTextBox& richText = controls_.RichText;
+    richText.OnChange = [this] { editor_.RichText_Change(); };
+    richText.OnClick = [this] { editor_.RichText_Click(); };
+    richText.OnDblClick = [this] { editor_.RichText_DblClick(); };
+    richText.OnKeyDown = [this](int keyCode, int shift) {
+        return editor_.RichText_KeyDown(keyCode, shift);
+    };
+    richText.OnKeyUp = [this] { editor_.RichText_KeyUp(); };
+    richText.OnGotFocus = [this] { editor_.RichText_GotFocus(); };
+    Menu("ControlCodes").OnClick = [this] { insertCommands_.InsertControlCode(); };
+    Menu("PrintCodes").OnClick = [this] { insertCommands_.InsertPrintCode(); };
+    Menu("ascii").OnClick = [this] { insertCommands_.InsertAsciiCode(); };
+}
+
+void Form1::ConnectLink() {
+    transfer_.OnTransferEnded = Announce(CommandEvent::TransferEnded);
+    upload_.OnUploadStarted = Announce(CommandEvent::UploadStarted);
+    upload_.OnImageBegins = Announce(CommandEvent::ImageBegins);
+    upload_.OnUploadEnded = Announce(CommandEvent::UploadEnded);
+    download_.OnDownloadStarted = Announce(CommandEvent::DownloadStarted);
+    download_.OnVarnoOpened = Announce(CommandEvent::VarnoMenuOpens);
+    timer1_.OnTimer = [this] { transfer_.Timer1_Timer(); };
+    MSComm1_->OnReceive = [this] { upload_.MSComm1_OnComm(); };
+    Menu("Varno").OnClick = [this] { download_.Varno_Click(); };
+    Menu("Abort").OnClick = [this] { transfer_.Abort_Click(); };
+    Menu("Retrieve").OnClick = [this] { upload_.Retrieve_Click(); };
+    Menu("Transmit").OnClick = [this] { download_.Transmit_Click(); };
+    Menu("Serial").OnClick = [this] { serialSettings_.Serial_Click(); };
+    Menu("OpenTerminalWindow").OnClick = [this] { terminal_.OpenTerminalWindow_Click(); };
+    TheButton("UploadButton").OnClick = [this] { upload_.UploadButton_Click(); };
+    TheButton("DownloadButton").OnClick = [this] { download_.DownloadButton_Click(); };
+}
+
+void Form1::ConnectWindow() {
+    window_->OnResize = [this] { Form_Resize(); };
+    window_->OnClose = [this] { Form_Unload(); };
+    window_->OnKeyPress = [this](char32_t character) { transfer_.Form_KeyPress(character); };
+    Menu("ShowTutorial").OnClick = [this] { tutorial_.ShowTutorial_Click(); };
+    Menu("about").OnClick = [this] { about_Click(platform_); };
+}
+
+void Form1::Form_Load() {
+    const SettingsStore& settings = platform_.Settings();
+    LoadFolders(settings, state_.folders);
+    LoadCommunications(settings, *MSComm1_);
+    window_->SetMinimumSize(MinimumWidth, MinimumHeight);
+    LoadWindowSize(settings, *window_);
+    window_->SetCaption(platform_.App().exeName + " " + VersionText(platform_.App()));
+    OpenFileOfCommandLine();
+    InsertPlain(controls_.RichText);
+    state_.TicketChanged = false;
+    controls_.RichText.SetFocus();
+}
+
+void Form1::OpenFileOfCommandLine() {
+    const std::string& path = platform_.App().commandLine;
+    Error error;
+    if (EndsIn(path, "VRB")) {
+        error = files_.OpenBlockFile(path);
+    } else if (EndsIn(path, "VRT")) {
+        error = files_.OpenTicketFile(path);
+    }
+    if (error) {
+        platform_.Ask().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
+    }
+}
+
+void Form1::Form_Resize() {
+    if (window_->State() == WindowState::Minimised) {
+        return;
+    }
+    const Place outer = window_->CurrentOuterPlace();
+    const MainLayout layout =
+        LayOutMainWindow(outer.width, outer.height, controls_.TicketList.GetPlace().width);
+    const auto change = [](Control& control, auto&& setMeasures) {
+        Place place = control.GetPlace();
+        setMeasures(place);
+        control.SetPlace(place);
+    };
+    change(message_, [&](Place& p) { p.width = layout.messageWidth; });
+    change(controls_.RichText, [&](Place& p) {
+        p.width = layout.richTextWidth;
+        p.height = layout.richTextHeight;
+    });
+    change(controls_.TicketName, [&](Place& p) { p.width = layout.ticketNameWidth; });
+    change(controls_.TicketList, [&](Place& p) {
+        p.left = layout.ticketListLeft;
+        p.height = layout.ticketListHeight;
+    });
+    change(TheButton("UploadButton"), [&](Place& p) {
+        p.left = layout.uploadLeft;
+        p.top = layout.transferTop;
+    });
+    change(TheButton("DownloadButton"), [&](Place& p) {
+        p.left = layout.downloadLeft;
+        p.top = layout.transferTop;
+    });
+    change(window_->Get<Label>("ListName"),
+           [&](Place& p) { p.left = layout.listNameRight - p.width; });
+    for (const char* frame : {"Frame1", "Frame2"}) {
+        change(window_->Get<Control>(frame), [&](Place& p) { p.left = layout.framesLeft; });
+    }
+}
+
+void Form1::Form_Unload() {
+    transfer_.Stop();
+    files_.AskToSaveTicket();
+    files_.AskToSaveBlock();
+    SettingsStore& settings = platform_.Settings();
+    SaveFolders(settings, state_.folders);
+    SaveCommunications(settings, *MSComm1_);
+    SaveWindowSize(settings, *window_);
+    platform_.Quit();
+}
+
+}  // namespace varno

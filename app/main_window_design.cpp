@@ -1,0 +1,152 @@
+#include "app/main_window_design.h"
+
+#include <array>
+
+namespace varno {
+namespace {
+
+using Kind = ControlKind;
+
+constexpr Colour Blue = 0xFF0000;
+
+constexpr ControlDesign KeyButton(std::string_view name, std::string_view caption, int top) {
+    return {.name = name,
+            .kind = Kind::ToggleButton,
+            .caption = caption,
+            .container = "Frame2",
+            .place = {60, top, 675, 195},
+            .enabled = false};
+}
+
+constexpr std::array Controls{
+    ControlDesign{.name = "Picture1", .kind = Kind::StatusStrip, .place = {0, 0, 0, 315}},
+    ControlDesign{.name = "Message",
+                  .kind = Kind::Label,
+                  .container = "Picture1",
+                  .place = {120, 60, 6315, 255},
+                  .accessibleDescription = "Status",
+                  .alignment = Alignment::Centre,
+                  .colour = Blue},
+    ControlDesign{.name = "TicketName",
+                  .kind = Kind::Label,
+                  .place = {180, 360, 1245, 195},
+                  .accessibleDescription = "Ticket file"},
+    ControlDesign{.name = "RichText",
+                  .kind = Kind::RichTextBox,
+                  .place = {120, 600, 4395, 4275},
+                  .accessibleName = "Ticket editor",
+                  .font = FontFace::FixedWidth},
+    ControlDesign{.name = "Frame1", .kind = Kind::Frame, .place = {4560, 600, 795, 1035}},
+    ControlDesign{.name = "Label1",
+                  .kind = Kind::Label,
+                  .caption = "#",
+                  .container = "Frame1",
+                  .place = {60, 60, 195, 195},
+                  .accessibleDescription = "Ticket number"},
+    ControlDesign{.name = "TicketNumber",
+                  .kind = Kind::TextBox,
+                  .container = "Frame1",
+                  .place = {240, 0, 495, 285},
+                  .accessibleName = "Ticket number",
+                  .maxLength = 3},
+    ControlDesign{.name = "PutButton",
+                  .kind = Kind::Button,
+                  .caption = "-->",
+                  .container = "Frame1",
+                  .place = {60, 360, 675, 555},
+                  .enabled = false,
+                  .accessibleName = "Put ticket into block"},
+    ControlDesign{.name = "Frame2", .kind = Kind::Frame, .place = {4560, 1680, 795, 2355}},
+    ControlDesign{.name = "EditButton",
+                  .kind = Kind::Button,
+                  .caption = "<--",
+                  .container = "Frame2",
+                  .place = {60, 60, 675, 555},
+                  .enabled = false,
+                  .accessibleName = "Move ticket to editor"},
+    KeyButton("KeyAssignment(0)", "Print", 720),
+    KeyButton("KeyAssignment(1)", "Start", 960),
+    KeyButton("KeyAssignment(2)", "In", 1200),
+    KeyButton("KeyAssignment(3)", "Out", 1440),
+    ControlDesign{.name = "DeleteButton",
+                  .kind = Kind::Button,
+                  .caption = "Delete",
+                  .container = "Frame2",
+                  .place = {60, 1740, 675, 555},
+                  .enabled = false,
+                  .accessibleName = "Delete ticket"},
+    ControlDesign{.name = "ListName",
+                  .kind = Kind::Label,
+                  .caption = " ",
+                  .place = {5880, 360, 465, 195},
+                  .accessibleDescription = "Block file",
+                  .alignment = Alignment::Right,
+                  .growsToFit = true},
+    ControlDesign{.name = "TicketList",
+                  .kind = Kind::ListBox,
+                  .place = {5400, 600, 975, 3420},
+                  .accessibleName = "Tickets",
+                  .font = FontFace::List,
+                  .sorted = true},
+    ControlDesign{.name = "UploadButton",
+                  .kind = Kind::Button,
+                  .caption = "Up load",
+                  .place = {5340, 4200, 555, 675},
+                  .accessibleName = "Upload from indicator"},
+    ControlDesign{.name = "DownloadButton",
+                  .kind = Kind::Button,
+                  .caption = "Down load",
+                  .place = {5940, 4200, 555, 675},
+                  .enabled = false,
+                  .accessibleName = "Download to indicator"},
+    ControlDesign{.name = "Timer1", .kind = Kind::Timer, .interval = 1500},
+};
+
+constexpr std::array Menus{
+    MenuDesign{.name = "FileMenu", .caption = "&File"},
+    MenuDesign{.name = "LoadTicket", .parent = "FileMenu", .caption = "&Open Ticket"},
+    MenuDesign{
+        .name = "SaveTicket", .parent = "FileMenu", .caption = "&Save Ticket", .enabled = false},
+    MenuDesign{.name = "SaveTicketAs",
+               .parent = "FileMenu",
+               .caption = "Save Ticket &As ...",
+               .enabled = false},
+    MenuDesign{.name = "divider1", .parent = "FileMenu", .caption = "-"},
+    MenuDesign{.name = "LoadList", .parent = "FileMenu", .caption = "&Open Ticket Block"},
+    MenuDesign{.name = "SaveList",
+               .parent = "FileMenu",
+               .caption = "&Save Ticket Block As ...",
+               .enabled = false},
+    MenuDesign{.name = "divider2", .parent = "FileMenu", .caption = "-"},
+    MenuDesign{.name = "Exit", .parent = "FileMenu", .caption = "E&xit"},
+    MenuDesign{.name = "Varno", .caption = "&Varno Communications"},
+    MenuDesign{.name = "Abort",
+               .parent = "Varno",
+               .caption = "&Abort Communications with Varno",
+               .visible = false},
+    MenuDesign{.name = "Retrieve", .parent = "Varno", .caption = "&Upload Ticket Block from Varno"},
+    MenuDesign{.name = "Transmit", .parent = "Varno", .caption = "&Download Ticket Block to Varno"},
+    MenuDesign{.name = "Serial", .parent = "Varno", .caption = "&Serial Port Configuration"},
+    MenuDesign{.name = "ControlCodes", .caption = "&Control Codes"},
+    MenuDesign{.name = "PrintCodes", .caption = "&Print Codes"},
+    MenuDesign{.name = "ascii", .caption = "&ASCII Codes"},
+    MenuDesign{.name = "OpenTerminalWindow", .caption = "&Terminal Window"},
+    MenuDesign{.name = "help", .caption = "&Help"},
+    MenuDesign{.name = "ShowTutorial", .parent = "help", .caption = "&Tutorial"},
+    MenuDesign{.name = "about", .parent = "help", .caption = "&About"},
+};
+
+constexpr WindowDesign Design{.name = "Form1",
+                              .caption = "Varno Ticket Formatter",
+                              .clientWidth = 7605,
+                              .clientHeight = 5400,
+                              .controls = Controls,
+                              .menus = Menus};
+
+}  // namespace
+
+const WindowDesign& MainWindowDesign() {
+    return Design;
+}
+
+}  // namespace varno

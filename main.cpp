@@ -1,0 +1,14 @@
+#include <QApplication>
+
+#include "app/form1.h"
+#include "platform/qt/qt_platform.h"
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    varno::PrepareApplication();
+    varno::QtPlatform platform(varno::ThisProgram());
+    varno::Form1 form(platform);
+    form.Form_Load();
+    form.Show();
+    return QApplication::exec();
+}

@@ -1,0 +1,68 @@
+#include "platform/qt/face_button.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+namespace varno {
+namespace {
+
+constexpr int CaptionFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
+constexpr double SmallestPoints = 6.0;
+
+bool Fits(const QFont& font, const QString& caption, const QRect& room) {
+    // Lines break at blanks only: a word wider than the room does not fit.
+    const QRect needed = QFontMetrics(font).boundingRect(room, CaptionFlags, caption);
+    return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
+}  // namespace
+
+QRect FaceButton::CaptionRect() const {
+    return rect().adjusted(2, 1, -2, -1);
+}
+
+QFont FaceButton::CaptionFont() const {
+    QFont fitting = font();
+    while (!Fits(fitting, text(), CaptionRect()) && fitting.pointSizeF() > SmallestPoints) {
+        fitting.setPointSizeF(fitting.pointSizeF() - 0.25);
+    }
+    return fitting;
+}
+
+void FaceButton::paintEvent(QPaintEvent* /*event*/) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_PushButton, option);
+
+    const bool pressed = isChecked();
+    if (pressed) {  // a plainly different face: the highlight colour, whatever the theme
+        const QColor face = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
+                                            QPalette::Highlight);
+        painter.setPen(face.darker(150));
+        painter.setBrush(face);
+        painter.drawRoundedRect(rect().adjusted(0, 0, -1, -1), 2, 2);
+    }
+    painter.setFont(CaptionFont());
+    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
+                                   pressed ? QPalette::HighlightedText : QPalette::ButtonText));
+    painter.drawText(CaptionRect(), CaptionFlags, text());
+    if (pressed && hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect().adjusted(2, 2, -3, -3));
+    }
+}
+
+void FaceButton::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !event->isAutoRepeat()) {
+        click();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}
+
+}  // namespace varno

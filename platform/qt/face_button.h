@@ -1,0 +1,23 @@
+// A push button that shows its whole caption in whatever place it was given: it breaks the caption
+// into lines and, where even that is too wide, takes a smaller size of the font.
+#pragma once
+
+#include <QPushButton>
+
+namespace varno {
+
+class FaceButton : public QPushButton {
+  public:
+    using QPushButton::QPushButton;
+
+    // The font the caption is drawn in, chosen so that it fits.
+    QFont CaptionFont() const;
+    // What is left of the button for its caption.
+    QRect CaptionRect() const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};
+
+}  // namespace varno

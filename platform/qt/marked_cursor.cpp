@@ -1,0 +1,120 @@
+#include "platform/qt/marked_cursor.h"
+
+#include <QTextBlock>
+#include <algorithm>
+
+#include "platform/qt/measures.h"
+
+namespace varno {
+namespace {
+
+// The program's position of a block's first character: each earlier block ended in CR LF.
+int MarkedStart(const QTextBlock& block) {
+    return block.position() + block.blockNumber();
+}
+
+QTextBlock BlockAtMarked(const QTextDocument& document, int markedPosition) {
+    int low = 0;
+    int high = document.blockCount() - 1;
+    while (low < high) {
+        const int middle = (low + high + 1) / 2;
+        if (MarkedStart(document.findBlockByNumber(middle)) <= markedPosition) {
+            low = middle;
+        } else {
+            high = middle - 1;
+        }
+    }
+    return document.findBlockByNumber(low);
+}
+
+void AppendRange(const QTextBlock& block, int from, int to, MarkedText& text) {
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        const int start = std::max(from, fragment.position());
+        const int end = std::min(to, fragment.position() + fragment.length());
+        if (start < end) {
+            const QString piece = fragment.text().mid(start - fragment.position(), end - start);
+            text.Append(std::u16string_view(reinterpret_cast<const char16_t*>(piece.utf16()),
+                                            static_cast<std::size_t>(piece.size())),
+                        FromQt(fragment.charFormat()));
+        }
+    }
+}
+
+}  // namespace
+
+QTextCharFormat ToQt(const CharFormat& format) {
+    QTextCharFormat result;
+    result.setForeground(ToQt(format.colour));
+    if (format.bold) {
+        result.setFontWeight(QFont::Bold);
+    }
+    if (format.italic) {
+        result.setFontItalic(true);
+    }
+    if (format.underline) {
+        result.setFontUnderline(true);
+    }
+    if (format.strikeThrough) {
+        result.setFontStrikeOut(true);
+    }
+    return result;
+}
+
+CharFormat FromQt(const QTextCharFormat& format) {
+    const bool coloured = format.hasProperty(QTextFormat::ForegroundBrush) &&
+                          format.foreground().style() != Qt::NoBrush;
+    return {.colour = coloured ? FromQt(format.foreground().color()) : TextColour,
+            .bold = format.fontWeight() >= QFont::DemiBold,
+            .italic = format.fontItalic(),
+            .underline = format.fontUnderline(),
+            .strikeThrough = format.fontStrikeOut()};
+}
+
+int ToMarkedPosition(const QTextDocument& document, int qtPosition) {
+    return qtPosition + document.findBlock(qtPosition).blockNumber();
+}
+
+int ToQtPosition(const QTextDocument& document, int markedPosition) {
+    const QTextBlock block = BlockAtMarked(document, std::max(0, markedPosition));
+    const int offset = std::max(0, markedPosition) - MarkedStart(block);
+    return block.position() + std::min(offset, block.length() - 1);
+}
+
+CharFormat FormatBefore(const QTextDocument& document, int qtPosition) {
+    if (qtPosition <= 0) {
+        return {};
+    }
+    const QTextBlock block = document.findBlock(qtPosition);
+    if (qtPosition == block.position()) {
+        return FromQt(block.charFormat());  // the format of the line break before it
+    }
+    QTextCursor cursor(block);
+    cursor.setPosition(qtPosition);
+    return FromQt(cursor.charFormat());
+}
+
+MarkedText ReadMarked(const QTextDocument& document, int from, int to) {
+    MarkedText text;
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        if (block.position() > from) {
+            text.Append(LineBreak, FromQt(block.charFormat()));
+        }
+        AppendRange(block, from, to, text);
+    }
+    return text;
+}
+
+void InsertMarked(QTextCursor& cursor, const MarkedText& text) {
+    for (std::size_t start = 0; start < text.Length();) {
+        const std::size_t end = text.RunEnd(start);
+        QString piece =
+            QString::fromUtf16(text.Text().data() + start, static_cast<qsizetype>(end - start));
+        piece.replace(QChar::LineSeparator, QLatin1Char('\n'));
+        cursor.insertText(piece, ToQt(text.FormatAt(start)));
+        start = end;
+    }
+}
+
+}  // namespace varno

@@ -1,0 +1,100 @@
+// The controls that are little more than a Qt widget.
+#pragma once
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+#include <memory>
+
+#include "platform/qt/control_base.h"
+#include "platform/qt/face_button.h"
+
+namespace varno {
+
+class QtFrame final : public QtControl<Control, QWidget> {
+  public:
+    QtFrame(const ControlDesign& design, QWidget* parent);
+};
+
+// Cuts a caption that is too long for it with an ellipsis and shows it whole as a tool tip.
+class ElidingLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+class QtLabel final : public QtControl<Label, ElidingLabel> {
+  public:
+    QtLabel(const ControlDesign& design, QWidget* parent);
+    std::string Caption() const override { return FromQt(widget_->text()); }
+    void SetCaption(const std::string& caption) override;
+    void Repaint() override { widget_->repaint(); }
+
+  private:
+    void GrowToFit();
+
+    int designWidth_;  // pixels
+    bool growsToFit_;
+};
+
+class QtButton final : public QtControl<Button, FaceButton> {
+  public:
+    QtButton(const ControlDesign& design, QWidget* parent);
+};
+
+class QtToggleButton final : public QtControl<ToggleButton, FaceButton> {
+  public:
+    QtToggleButton(const ControlDesign& design, QWidget* parent);
+    bool Value() const override { return widget_->isChecked(); }
+    void SetValue(bool pressed) override { widget_->setChecked(pressed); }
+};
+
+class QtCheckBox final : public QtControl<CheckBox, QCheckBox> {
+  public:
+    QtCheckBox(const ControlDesign& design, QWidget* parent);
+    bool Value() const override { return widget_->isChecked(); }
+    void SetValue(bool ticked) override { widget_->setChecked(ticked); }
+};
+
+class QtTextBox final : public QtControl<TextBox, QLineEdit> {
+  public:
+    QtTextBox(const ControlDesign& design, QWidget* parent);
+    std::string Text() const override { return FromQt(widget_->text()); }
+    void SetText(const std::string& text) override { widget_->setText(ToQt(text)); }
+    void SetSelStart(int position) override { widget_->setCursorPosition(position); }
+};
+
+class QtTimer final : public Timer {
+  public:
+    explicit QtTimer(const ControlDesign& design);
+    bool Enabled() const override { return timer_.isActive(); }
+    void SetEnabled(bool enabled) override;
+    void SetInterval(int milliseconds) override { timer_.setInterval(milliseconds); }
+
+  private:
+    QTimer timer_;
+};
+
+class QtMenuItem final : public MenuItem {
+  public:
+    // Of a menu, the action that stands for it in the menu bar.
+    explicit QtMenuItem(QAction* action) : action_(action) {}
+    bool Enabled() const override { return action_->isEnabled(); }
+    void SetEnabled(bool enabled) override { action_->setEnabled(enabled); }
+    bool Visible() const override { return action_->isVisible(); }
+    void SetVisible(bool visible) override { action_->setVisible(visible); }
+
+  private:
+    QAction* action_;
+};
+
+// Sets what the design table says of any widget.
+void ApplyDesign(const ControlDesign& design, QWidget* widget);
+// White paper for text whose colours carry meaning, whatever the desktop theme.
+void UseWhitePaper(QWidget* widget, const QColor& ink);
+
+}  // namespace varno
