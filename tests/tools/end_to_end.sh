@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # end_to_end.sh VARNO-TICKETS SAMPLES: drives the command-line program as an operator would.
 set -euo pipefail
-tool="$1"
-samples="$2"
+tool="$(realpath "$1")"
+samples="$(realpath "$2")"
 cd "$(mktemp -d)"
 trap 'rm -rf "$PWD"' EXIT
 failed=0
@@ -18,7 +18,7 @@ expect() {
 
 wrote() {
     [[ $(cat "$1") == "$2" ]] && return
-    printf '%s holds: %s\n' "$1" "$(cat "$1")"
+    printf '%s holds: %.80s\n' "$1" "$(cat "$1")"
     failed=1
 }
 
