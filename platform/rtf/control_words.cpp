@@ -41,6 +41,13 @@ void SetFlag(In& in, int on) {
     in.State().*Field = on != 0;
 }
 
+template <bool RtfGroupState::*Field>
+void ToggleEastAsian(In& in, int on) {
+    if (in.State().eastAsian) {
+        in.State().*Field = on != 0;
+    }
+}
+
 void NoUnderline(In& in, int) {
     in.State().style.underline = false;
 }
@@ -55,6 +62,9 @@ void Plain(In& in, int) {
     state.style.link = link;
     state.hidden = false;
     state.deleted = false;
+    state.eastAsian = false;
+    state.eastAsianBold = false;
+    state.eastAsianItalic = false;
     in.ApplyDefaultFont();
 }
 
@@ -242,211 +252,146 @@ constexpr auto Underline = Toggle<&RtfStyle::underline>;
 constexpr auto Strike = Toggle<&RtfStyle::strikeThrough>;
 constexpr auto Foreground = SetColour<&RtfStyle::colour>;
 constexpr auto Background = SetColour<&RtfStyle::background>;
+constexpr auto EastAsian = SetFlag<&RtfGroupState::eastAsian>;
 constexpr auto TableBorder = SetFlag<&RtfGroupState::tableBorder>;
 
-constexpr RtfControlWord Words[] = {
-    // Characters
-    {"b", Toggle<&RtfStyle::bold>, 1},
-    {"i", Toggle<&RtfStyle::italic>, 1},
-    {"ul", Underline, 1},
-    {"uld", Underline, 1},
-    {"uldash", Underline, 1},
-    {"uldashd", Underline, 1},
-    {"uldashdd", Underline, 1},
-    {"uldb", Underline, 1},
-    {"ulhair", Underline, 1},
-    {"ulhwave", Underline, 1},
-    {"ulldash", Underline, 1},
-    {"ulth", Underline, 1},
-    {"ulthd", Underline, 1},
-    {"ulthdash", Underline, 1},
-    {"ulthdashd", Underline, 1},
-    {"ulthdashdd", Underline, 1},
-    {"ulthldash", Underline, 1},
-    {"ululdbwave", Underline, 1},
-    {"ulw", Underline, 1},
-    {"ulwave", Underline, 1},
-    {"ulnone", NoUnderline},
-    {"strike", Strike, 1},
-    {"striked", Strike, 1},
-    {"super", SetScript<RtfScript::Superscript>, 1},
-    {"sub", SetScript<RtfScript::Subscript>, 1},
-    {"up", SetScript<RtfScript::Superscript>, 6},
-    {"dn", SetScript<RtfScript::Subscript>, 6},
-    {"nosupersub", SetScript<RtfScript::Normal>},
-    {"cf", Foreground},
-    {"cb", Background},
-    {"highlight", Background},
-    {"chcbpat", Background},
-    {"fs", FontSize, 24},
-    {"v", SetFlag<&RtfGroupState::hidden>, 1},
-    {"deleted", SetFlag<&RtfGroupState::deleted>, 1},
-    {"plain", Plain},
-    {"u", Unicode, NoValue},
-    {"uc", UnicodeSkip, 1},
-    {"tab", Character<u'\t'>},
-    {"line", LineBreakWord},
-    {"lbr", LineBreakWord},
-    {"emdash", Character<u'\u2014'>},
-    {"endash", Character<u'\u2013'>},
-    {"emspace", Character<u'\u2003'>},
-    {"enspace", Character<u'\u2002'>},
-    {"qmspace", Character<u'\u2005'>},
-    {"bullet", Character<u'\u2022'>},
-    {"lquote", Character<u'\u2018'>},
-    {"rquote", Character<u'\u2019'>},
-    {"ldblquote", Character<u'\u201C'>},
-    {"rdblquote", Character<u'\u201D'>},
-    {"ltrmark", Character<u'\u200E'>},
-    {"rtlmark", Character<u'\u200F'>},
-    {"zwj", Character<u'\u200D'>},
-    {"zwnj", Character<u'\u200C'>},
-    {"zwbo", Character<u'\u200B'>},
-    {"zwnbo", Character<u'\u2060'>},
-
-    // Paragraphs
-    {"par", EndParagraph},
-    {"page", BreakPage},
-    {"column", BreakPage},
-    {"sect", BreakPage},
-    {"pard", ParagraphDefaults},
-    {"ql", Align<RtfAlignment::Left>},
-    {"qc", Align<RtfAlignment::Centre>},
-    {"qr", Align<RtfAlignment::Right>},
-    {"qj", Align<RtfAlignment::Justify>},
-    {"li", ParagraphMeasure<&RtfParagraphFormat::leftIndent>},
-    {"ri", ParagraphMeasure<&RtfParagraphFormat::rightIndent>},
-    {"fi", ParagraphMeasure<&RtfParagraphFormat::firstIndent>},
-    {"sb", ParagraphMeasure<&RtfParagraphFormat::spaceBefore>},
-    {"sa", ParagraphMeasure<&RtfParagraphFormat::spaceAfter>},
-    {"cbpat", ParagraphBackground},
-
-    // Tables
-    {"intbl", SetFlag<&RtfGroupState::inTable>, 1},
-    {"itap", TableNesting, 1},
-    {"cell", EndCell},
-    {"nestcell", EndNestedCell},
-    {"row", EndRow},
-    {"nestrow", EndNestedRow},
-    {"nesttableprops", NestedTableProperties},
-    {"nonesttables", Skip},
-    {"trowd", Row<RowDefaults>},
-    {"trleft", Row<RowLeft>},
-    {"trgaph", Row<RowGap>},
-    {"cellx", Row<CellEdge>},
-    {"clmrg", Row<CellJoins>},
-    {"clcbpat", Row<CellBackground>},
-    {"clbrdrt", TableBorder, 1},
-    {"clbrdrl", TableBorder, 1},
-    {"clbrdrb", TableBorder, 1},
-    {"clbrdrr", TableBorder, 1},
-    {"trbrdrt", TableBorder, 1},
-    {"trbrdrl", TableBorder, 1},
-    {"trbrdrb", TableBorder, 1},
-    {"trbrdrr", TableBorder, 1},
-    {"brdrt", TableBorder},
-    {"brdrl", TableBorder},
-    {"brdrb", TableBorder},
-    {"brdrr", TableBorder},
-    {"box", TableBorder},
-    {"brdrs", Row<BorderKind>},
-    {"brdrth", Row<BorderKind>},
-    {"brdrdb", Row<BorderKind>},
-    {"brdrdot", Row<BorderKind>},
-    {"brdrdash", Row<BorderKind>},
-    {"brdrhair", Row<BorderKind>},
-
-    // Character sets and the tables at the head
-    {"ansi", DocumentCharset<CodePages::Windows1252>},
-    {"mac", DocumentCharset<CodePages::MacRoman>},
-    {"pc", DocumentCharset<CodePages::Dos>},
-    {"pca", DocumentCharset<CodePages::DosLatin1>},
-    {"urtf", DocumentCharset<CodePages::Utf8>},
-    {"ansicpg", DocumentCodePage, CodePages::Windows1252},
-    {"deff", DefaultFont},
-    {"f", Font},
-    {"fnil", FontFamily<RtfFontFamily::Any>},
-    {"froman", FontFamily<RtfFontFamily::Serif>},
-    {"fswiss", FontFamily<RtfFontFamily::SansSerif>},
-    {"fmodern", FontFamily<RtfFontFamily::FixedPitch>},
-    {"fscript", FontFamily<RtfFontFamily::Script>},
-    {"fdecor", FontFamily<RtfFontFamily::Decorative>},
-    {"fcharset", FontCharset},
-    {"cpg", FontCodePage},
-    {"red", ColourPart<&RtfColourTable::SetRed>},
-    {"green", ColourPart<&RtfColourTable::SetGreen>},
-    {"blue", ColourPart<&RtfColourTable::SetBlue>},
-
-    // Destinations
-    {"fonttbl", Enter<RtfDestination::FontTable>},
-    {"colortbl", Enter<RtfDestination::ColourTable>},
-    {"listtext", Enter<RtfDestination::Label>},
-    {"pntext", Enter<RtfDestination::Label>},
-    {"fldinst", Enter<RtfDestination::FieldInstruction>},
-    {"pict", Enter<RtfDestination::Picture>},
-    {"upr", TextWithAlternative},
-    {"ud", UnicodeAlternative},
-    {"fldrslt", Stay},
-    {"result", Stay},
-    {"shppict", Stay},
-    {"stylesheet", Skip},
-    {"filetbl", Skip},
-    {"revtbl", Skip},
-    {"listtable", Skip},
-    {"listoverridetable", Skip},
-    {"info", Skip},
-    {"header", Skip},
-    {"headerl", Skip},
-    {"headerr", Skip},
-    {"headerf", Skip},
-    {"footer", Skip},
-    {"footerl", Skip},
-    {"footerr", Skip},
-    {"footerf", Skip},
-    {"footnote", Skip},
-    {"ftnsep", Skip},
-    {"ftnsepc", Skip},
-    {"ftncn", Skip},
-    {"aftnsep", Skip},
-    {"aftnsepc", Skip},
-    {"aftncn", Skip},
-    {"annotation", Skip},
-    {"atnid", Skip},
-    {"atnauthor", Skip},
-    {"atntime", Skip},
-    {"atnref", Skip},
-    {"atnicn", Skip},
-    {"objdata", Skip},
-    {"objclass", Skip},
-    {"objname", Skip},
-    {"objalias", Skip},
-    {"objsect", Skip},
-    {"nonshppict", Skip},
-    {"shp", Skip},
-    {"do", Skip},
-    {"xe", Skip},
-    {"tc", Skip},
-    {"tcn", Skip},
-    {"rxe", Skip},
-    {"txe", Skip},
-    {"bkmkstart", Skip},
-    {"bkmkend", Skip},
-    {"template", Skip},
-    {"private", Skip},
-
-    // Pictures
-    {"pngblip", PictureKind<RtfPictureKind::Png>},
-    {"jpegblip", PictureKind<RtfPictureKind::Jpeg>},
-    {"picwgoal", PictureMeasure<&RtfPictureReader::SetWidth>},
-    {"pichgoal", PictureMeasure<&RtfPictureReader::SetHeight>},
-    {"picscalex", PictureMeasure<&RtfPictureReader::SetScaleX>, 100},
-    {"picscaley", PictureMeasure<&RtfPictureReader::SetScaleY>, 100},
+// Words that do the same, separated by blanks.
+struct WordRow {
+    std::string_view names;
+    RtfControlWord word;
 };
 
-std::unordered_map<std::string_view, const RtfControlWord*> IndexByName() {
-    std::unordered_map<std::string_view, const RtfControlWord*> index;
-    for (const RtfControlWord& word : Words) {
-        index.emplace(word.name, &word);
+constexpr WordRow Rows[] = {
+    // Characters
+    {"b", {Toggle<&RtfStyle::bold>, 1}},
+    {"i", {Toggle<&RtfStyle::italic>, 1}},
+    {"ul uld uldash uldashd uldashdd uldb ulhair ulhwave ulldash ulth ulthd ulthdash ulthdashd "
+     "ulthdashdd ulthldash ululdbwave ulw ulwave",
+     {Underline, 1}},
+    {"ulnone", {NoUnderline}},
+    {"strike striked", {Strike, 1}},
+    {"dbch", {EastAsian, 1}},
+    {"loch hich ltrch rtlch", {EastAsian}},
+    {"ab", {ToggleEastAsian<&RtfGroupState::eastAsianBold>, 1}},
+    {"ai", {ToggleEastAsian<&RtfGroupState::eastAsianItalic>, 1}},
+    {"super", {SetScript<RtfScript::Superscript>, 1}},
+    {"sub", {SetScript<RtfScript::Subscript>, 1}},
+    {"up", {SetScript<RtfScript::Superscript>, 6}},
+    {"dn", {SetScript<RtfScript::Subscript>, 6}},
+    {"nosupersub", {SetScript<RtfScript::Normal>}},
+    {"cf", {Foreground}},
+    {"cb highlight chcbpat", {Background}},
+    {"fs", {FontSize, 24}},
+    {"v", {SetFlag<&RtfGroupState::hidden>, 1}},
+    {"deleted", {SetFlag<&RtfGroupState::deleted>, 1}},
+    {"plain", {Plain}},
+    {"u", {Unicode, NoValue}},
+    {"uc", {UnicodeSkip, 1}},
+    {"tab", {Character<u'\t'>}},
+    {"line lbr", {LineBreakWord}},
+    {"emdash", {Character<u'\u2014'>}},
+    {"endash", {Character<u'\u2013'>}},
+    {"emspace", {Character<u'\u2003'>}},
+    {"enspace", {Character<u'\u2002'>}},
+    {"qmspace", {Character<u'\u2005'>}},
+    {"bullet", {Character<u'\u2022'>}},
+    {"lquote", {Character<u'\u2018'>}},
+    {"rquote", {Character<u'\u2019'>}},
+    {"ldblquote", {Character<u'\u201C'>}},
+    {"rdblquote", {Character<u'\u201D'>}},
+    {"ltrmark", {Character<u'\u200E'>}},
+    {"rtlmark", {Character<u'\u200F'>}},
+    {"zwj", {Character<u'\u200D'>}},
+    {"zwnj", {Character<u'\u200C'>}},
+    {"zwbo", {Character<u'\u200B'>}},
+    {"zwnbo", {Character<u'\u2060'>}},
+    // Paragraphs
+    {"par", {EndParagraph}},
+    {"page column sect", {BreakPage}},
+    {"pard", {ParagraphDefaults}},
+    {"ql", {Align<RtfAlignment::Left>}},
+    {"qc", {Align<RtfAlignment::Centre>}},
+    {"qr", {Align<RtfAlignment::Right>}},
+    {"qj", {Align<RtfAlignment::Justify>}},
+    {"li", {ParagraphMeasure<&RtfParagraphFormat::leftIndent>}},
+    {"ri", {ParagraphMeasure<&RtfParagraphFormat::rightIndent>}},
+    {"fi", {ParagraphMeasure<&RtfParagraphFormat::firstIndent>}},
+    {"sb", {ParagraphMeasure<&RtfParagraphFormat::spaceBefore>}},
+    {"sa", {ParagraphMeasure<&RtfParagraphFormat::spaceAfter>}},
+    {"cbpat", {ParagraphBackground}},
+    // Tables
+    {"intbl", {SetFlag<&RtfGroupState::inTable>, 1}},
+    {"itap", {TableNesting, 1}},
+    {"cell", {EndCell}},
+    {"nestcell", {EndNestedCell}},
+    {"row", {EndRow}},
+    {"nestrow", {EndNestedRow}},
+    {"nesttableprops", {NestedTableProperties}},
+    {"nonesttables", {Skip}},
+    {"trowd", {Row<RowDefaults>}},
+    {"trleft", {Row<RowLeft>}},
+    {"trgaph", {Row<RowGap>}},
+    {"cellx", {Row<CellEdge>}},
+    {"clmrg", {Row<CellJoins>}},
+    {"clcbpat", {Row<CellBackground>}},
+    {"clbrdrt clbrdrl clbrdrb clbrdrr trbrdrt trbrdrl trbrdrb trbrdrr", {TableBorder, 1}},
+    {"brdrt brdrl brdrb brdrr box", {TableBorder}},
+    {"brdrs brdrth brdrdb brdrdot brdrdash brdrhair", {Row<BorderKind>}},
+    // Character sets and the tables at the head
+    {"ansi", {DocumentCharset<CodePages::Windows1252>}},
+    {"mac", {DocumentCharset<CodePages::MacRoman>}},
+    {"pc", {DocumentCharset<CodePages::Dos>}},
+    {"pca", {DocumentCharset<CodePages::DosLatin1>}},
+    {"urtf", {DocumentCharset<CodePages::Utf8>}},
+    {"ansicpg", {DocumentCodePage, CodePages::Windows1252}},
+    {"deff", {DefaultFont}},
+    {"f", {Font}},
+    {"fnil", {FontFamily<RtfFontFamily::Any>}},
+    {"froman", {FontFamily<RtfFontFamily::Serif>}},
+    {"fswiss", {FontFamily<RtfFontFamily::SansSerif>}},
+    {"fmodern", {FontFamily<RtfFontFamily::FixedPitch>}},
+    {"fscript", {FontFamily<RtfFontFamily::Script>}},
+    {"fdecor", {FontFamily<RtfFontFamily::Decorative>}},
+    {"fcharset", {FontCharset}},
+    {"cpg", {FontCodePage}},
+    {"red", {ColourPart<&RtfColourTable::SetRed>}},
+    {"green", {ColourPart<&RtfColourTable::SetGreen>}},
+    {"blue", {ColourPart<&RtfColourTable::SetBlue>}},
+    // Destinations
+    {"fonttbl", {Enter<RtfDestination::FontTable>}},
+    {"colortbl", {Enter<RtfDestination::ColourTable>}},
+    {"listtext pntext", {Enter<RtfDestination::Label>}},
+    {"fldinst", {Enter<RtfDestination::FieldInstruction>}},
+    {"pict", {Enter<RtfDestination::Picture>}},
+    {"upr", {TextWithAlternative}},
+    {"ud", {UnicodeAlternative}},
+    {"fldrslt result shppict", {Stay}},
+    {"stylesheet filetbl revtbl listtable listoverridetable info header headerl headerr headerf "
+     "footer footerl footerr footerf footnote ftnsep ftnsepc ftncn aftnsep aftnsepc aftncn "
+     "annotation atnid atnauthor atntime atnref atnicn objdata objclass objname objalias objsect "
+     "nonshppict shp do xe tc tcn rxe txe bkmkstart bkmkend template private",
+     {Skip}},
+    // Pictures
+    {"pngblip", {PictureKind<RtfPictureKind::Png>}},
+    {"jpegblip", {PictureKind<RtfPictureKind::Jpeg>}},
+    {"picwgoal", {PictureMeasure<&RtfPictureReader::SetWidth>}},
+    {"pichgoal", {PictureMeasure<&RtfPictureReader::SetHeight>}},
+    {"picscalex", {PictureMeasure<&RtfPictureReader::SetScaleX>, 100}},
+    {"picscaley", {PictureMeasure<&RtfPictureReader::SetScaleY>, 100}},
+};
+
+// Every word of the rows, by its name.
+using WordIndex = std::unordered_map<std::string_view, RtfControlWord>;
+
+WordIndex IndexByName() {
+    WordIndex index;
+    for (const WordRow& row : Rows) {
+        std::string_view names = row.names;
+        while (!names.empty()) {
+            const std::string_view name = names.substr(0, names.find(' '));
+            index.emplace(name, row.word);
+            names.remove_prefix(std::min(name.size() + 1, names.size()));
+        }
     }
     return index;
 }
@@ -454,9 +399,9 @@ std::unordered_map<std::string_view, const RtfControlWord*> IndexByName() {
 }  // namespace
 
 const RtfControlWord* FindRtfControlWord(std::string_view name) {
-    static const auto index = IndexByName();
+    static const WordIndex index = IndexByName();
     const auto found = index.find(name);
-    return found == index.end() ? nullptr : found->second;
+    return found == index.end() ? nullptr : &found->second;
 }
 
 }  // namespace varno

@@ -8,7 +8,6 @@ namespace varno {
 class RtfInterpreter;
 
 struct RtfControlWord {
-    std::string_view name;
     void (*apply)(RtfInterpreter& interpreter, int parameter);
     int defaultParameter = 0;  // where the document gives none
 };

@@ -26,6 +26,10 @@ struct RtfGroupState {
     int unicodeSkip = 1;            // characters that stand in for a Unicode character behind it
 
     RtfStyle style;
+    // One writer gives bold and italic of East Asian text by words of their own.
+    bool eastAsian = false;
+    bool eastAsianBold = false;
+    bool eastAsianItalic = false;
     int codePage = CodePages::Windows1252;
     bool hidden = false;
     bool deleted = false;  // by a tracked change

@@ -15,6 +15,13 @@ bool MayBeText(RtfTokenKind kind) {
     return kind == RtfTokenKind::Text || kind == RtfTokenKind::Byte || kind == RtfTokenKind::Symbol;
 }
 
+RtfStyle TextStyle(const RtfGroupState& state) {
+    RtfStyle style = state.style;
+    style.bold = style.bold || (state.eastAsian && state.eastAsianBold);
+    style.italic = style.italic || (state.eastAsian && state.eastAsianItalic);
+    return style;
+}
+
 }  // namespace
 
 RtfInterpreter::RtfInterpreter(std::string_view bytes, RtfDocument& document)
@@ -226,7 +233,7 @@ void RtfInterpreter::AddText(std::u16string_view text) {
     switch (State().destination) {
         case RtfDestination::Body:
             if (Visible()) {
-                builder_.AddText(text, State().style);
+                builder_.AddText(text, TextStyle(State()));
             }
             break;
         case RtfDestination::Label:

@@ -112,6 +112,8 @@ TEST(RtfReader, KeepsColourAndStyles) {
         {"the break has the format at its end", "a\\cf1\\par b", "a[ff0000]|b"},
         {"styles are repeated by their writers", "\\pard\\plain\\s1 a\\pard\\plain\\s1\\b b",
          "a[b]b"},
+        {"East Asian bold apart from other text's",
+         "\\dbch\\af2\\ab{\\loch a}{\\dbch b}\\rtlch\\ab\\ltrch c\\plain\\dbch d", "a[b]b[]cd"},
         {"sizes, fonts and papers mean nothing", "a{\\fs48\\f1\\highlight1 b}{\\super c}", "abc"},
     });
     Check({{"theme colour with its value",

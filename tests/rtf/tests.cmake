@@ -5,3 +5,9 @@ varno_test(rtf_test
     ${rtf_tests}/reader_test.cpp
     ${rtf_tests}/writer_test.cpp
     LINKS rtf)
+
+# LibreOffice and AbiWord read what we write, and we read what they write.
+varno_test(rtf_other_programs_test
+    ${rtf_tests}/flat_odt.cpp
+    ${rtf_tests}/other_programs_test.cpp
+    LINKS rtf)
