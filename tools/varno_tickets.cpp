@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <iostream>
 
-#include "codec/catalogue.h"
 #include "tools/commands.h"
 #include "tools/refusal.h"
 
@@ -14,14 +13,12 @@ constexpr int Done = 0;
 constexpr int Refused = 1;
 constexpr int WronglyUsed = 2;
 
-// Where the catalogues are: beside the program as built, or where the window program is installed.
-std::string CatalogueFolder(const char* calledAs) {
+// The catalogues lie beside the program; a link to it is followed.
+std::string ProgramFolder(const char* calledAs) {
     std::error_code error;
     std::filesystem::path program = std::filesystem::canonical("/proc/self/exe", error);
     if (error) program = std::filesystem::absolute(calledAs, error);
-    const std::filesystem::path beside = program.parent_path();
-    const bool isBeside = std::filesystem::exists(beside / ControlCatalogueName, error);
-    return ((isBeside ? beside : beside / "../lib/varno-ticket-formatter") / "").string();
+    return (program.parent_path() / "").string();
 }
 
 void PrintHelp() {
@@ -66,7 +63,7 @@ void RunCommand(Request request) {
 
 void Run(const char* program, std::span<char*> arguments) {
     Request request;
-    request.catalogueFolder = CatalogueFolder(program);
+    request.catalogueFolder = ProgramFolder(program);
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string argument = arguments[i];
         if (argument == "--help" || argument == "-h") return PrintHelp();
