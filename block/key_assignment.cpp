@@ -37,7 +37,7 @@ void KeyAssignmentCommand::KeyAssignment_MouseUp(int index) {
 
 void KeyAssignmentCommand::TicketList_KeyPress(char32_t character) {
     const int key = KeyOfLetter(character);
-    if (controls_.TicketList.ListIndex() < 0 || (key == NoKey && character != U' ')) {
+    if (key == NoKey && character != U' ') {
         return;
     }
     PressOnly(key);

@@ -12,10 +12,11 @@ class KeyAssignmentCommand {
     KeyAssignmentCommand(const BlockControls& controls, TicketBlock& block)
         : controls_(controls), block_(block) {}
 
-    // Binds the selected row to the key whose button is pressed by now, or unbinds it where the
+    // Without a selected row nothing is bound and all buttons are released. Otherwise
+    // binds the selected row to the key whose button is pressed by now, or unbinds it where the
     // button is released. Runs once for each time the button is used, by mouse or keyboard.
     void KeyAssignment_MouseUp(int index);
-    // A key letter presses its button, a blank releases all. Nothing without a selected row.
+    // A key letter presses its button, a blank releases all.
     void TicketList_KeyPress(char32_t character);
 
   private:

@@ -48,7 +48,7 @@ Range FindRecord(std::string_view image, int ticketNumber, std::size_t limit) {
         if (ClassOf(word) == TicketHeaderClass && ValueOf(word) == ticketNumber) {
             start = p;
         } else if (ClassOf(word) == TicketEndClass && start > 0) {
-            return {start, std::min(p + WordDigits, limit)};
+            return {start, p + WordDigits};
         }
     }
     return start > 0 ? Range{start, limit} : Range{};

@@ -79,7 +79,7 @@ struct BlockWindow {
         TicketList.OnKeyPress = [this](char32_t c) { keys.TicketList_KeyPress(c); };
         TicketList.OnKeyUp = [this](int key) { view.TicketList_KeyUp(key); };
         TicketList.OnGotFocus = [this] {
-            log.push_back("focus TicketList");
+            log.emplace_back("focus TicketList");
             view.TicketList_GotFocus();
         };
         view.OnListSelected = Log("list selected");

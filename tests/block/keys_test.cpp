@@ -6,7 +6,8 @@ namespace varno {
 namespace {
 
 // How a key is assigned: a letter or blank typed in the list, or a digit for a button used with
-// the left mouse button ("0"), the right one ("r0") or the keyboard ("k0").
+// the left mouse button ("0"), the right one ("r0") or the keyboard ("k0"), or used by the left
+// one while the list keeps the focus ("f0").
 void Assign(BlockWindow& w, const std::string& how) {
     if (!std::isdigit(static_cast<unsigned char>(how.back()))) {
         w.TicketList.SetFocus();
@@ -19,6 +20,9 @@ void Assign(BlockWindow& w, const std::string& how) {
             return button.RightClick();
         case 'k':
             return button.PressByKey();
+        case 'f':
+            button.SetValue(!button.Value());
+            return button.OnMouseUp();
         default:
             return button.LeftClick();
     }
@@ -36,9 +40,10 @@ TEST(Keys, RowsKeyTicketAndImageInStep) {
         {{"212", "300  P"}, 0, "0", {"212  P", "300"}, {212, 0, 0, 0}, "P"},
         {{"212", "300 P"}, 0, "k0", {"212  P", "300"}, {212, 0, 0, 0}, "P"},
         {{"212  P", "300"}, 0, "1", {"212  S", "300"}, {0, 212, 0, 0}, "S"},
+        {{"212  P", "300"}, 0, "f1", {"212  S", "300"}, {0, 212, 0, 0}, "S"},
         {{"212  P", "300"}, 0, "0", {"212", "300"}, {}, ""},
         {{"212 P", "300"}, 0, "k0", {"212", "300"}, {}, ""},
-        {{"212  O", "300 I"}, 0, " ", {"212", "300 I"}, {0, 0, 300, 0}, ""},
+        {{"212  O", "300 P"}, 0, " ", {"212", "300 P"}, {300, 0, 0, 0}, ""},
         {{"212", "300 P"}, 0, "o", {"212  O", "300 P"}, {300, 0, 0, 212}, "O"},
         {{"212", "300 P"}, 0, "P", {"212  P", "300"}, {212, 0, 0, 0}, "P"},
         {{"212", "300"}, 1, "s", {"212", "300  S"}, {0, 300, 0, 0}, "S"},
@@ -54,6 +59,7 @@ TEST(Keys, RowsKeyTicketAndImageInStep) {
         for (const std::string& row : c.before) {
             w.TicketList.AddItem(row);
         }
+        w.block.KeyTicket = {300, 300, 212, 212};
         w.TicketList.ClickRow(c.selected);
         Assign(w, c.how);
         EXPECT_EQ(w.TicketList.Rows(), c.after);

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "tests/block/block_window.h"
 
 namespace varno {
@@ -27,94 +29,88 @@ TEST(List, SelectionSetsTipsAndKeyButtons) {
     EXPECT_FALSE(w.block.BlockChanged);
 }
 
-class Edit : public ::testing::Test {
-  protected:
-    Edit() {
-        w.Load(SealTicketBuffer(Record(300, u"no") + Record(212, u"A B\u00AC") +
-                                Tail({212, 0, 0, 0})));
-        w.RichText.SetContent(Plain(u"old"));
-        w.TicketName.SetCaption("Shop1");
-        w.TicketNumber.SetText("700");
-        w.view.SaveTicket = [this] { ++saves; };
-        w.log.clear();
+struct EditWindow : BlockWindow {
+    explicit EditWindow(const std::u16string& text = u"old") {
+        Load(SealTicketBuffer(Record(300, u"\u00E9") + Record(212, u"A B\u00AC") +
+                              Tail({212, 0, 0, 0})));
+        RichText.SetContent(Plain(text));
+        TicketName.SetCaption("Shop1");
+        TicketNumber.SetText("700");
+        log.clear();
+    }
+    // All that the edit command may change.
+    std::u16string State() const {
+        const std::string rest = "|" + TicketName.Caption() + "|" + TicketNumber.Text();
+        return RichText.Marked().Text() + std::u16string(rest.begin(), rest.end()) +
+               (TicketChanged ? u"|changed" : u"");
     }
     void ExpectQuestion(Answer answer, std::function<void()> meanwhile = {}) {
-        w.dialogs.Expect(
+        dialogs.Expect(
             {"Save the current ticket?", "Ticket changed", Buttons::YesNoCancel, Icon::Question},
             answer, std::move(meanwhile));
     }
-    void ExpectEdited() {
-        EXPECT_EQ(w.RichText.Marked().Text(), u"A\u00F7B\u00AC\r\n");
-        EXPECT_EQ(w.RichText.SelStart(), 6);
-        EXPECT_EQ(w.TicketName.Caption(), "");
-        EXPECT_EQ(w.TicketNumber.Text(), "");
-        EXPECT_FALSE(w.TicketChanged);
-        EXPECT_TRUE(w.RichText.HasFocus());
-        EXPECT_FALSE(w.block.BlockChanged);
-        EXPECT_EQ(w.TicketList.Rows(), (Rows{"212 P", "300"}));
-    }
-    void ExpectUntouched() {
-        EXPECT_EQ(w.RichText.Marked().Text(), u"old");
-        EXPECT_EQ(w.TicketName.Caption(), "Shop1");
-        EXPECT_EQ(w.TicketNumber.Text(), "700");
-        EXPECT_TRUE(w.TicketChanged);
-    }
-
-    BlockWindow w;
-    int saves = 0;
 };
 
-TEST_F(Edit, MovesTheTicketIntoTheEditorAsOneStep) {
+TEST(Edit, AsksWhileTheTicketIsUnsaved) {
+    const std::u16string edited = u"A\u00F7B\u00AC\r\n||";
+    struct {
+        const char* what;
+        bool changed;
+        const char16_t* text;
+        std::vector<Answer> answers;
+        int savesNeeded;  // earlier ones are called off
+        std::u16string after;
+    } const table[] = {
+        {"nothing changed", false, u"old", {}, 0, edited},
+        {"nothing to save", true, u"", {}, 0, edited},
+        {"no", true, u"old", {Answer::No}, 0, edited},
+        {"saved", true, u"old", {Answer::Yes}, 1, edited},
+        {"saved at last", true, u"old", {Answer::Yes, Answer::Yes}, 2, edited},
+        {"cancel", true, u"old", {Answer::Cancel}, 0, u"old|Shop1|700|changed"},
+        {"not saved", true, u"old", {Answer::Yes, Answer::Cancel}, 9, u"old|Shop1|700|changed"},
+    };
+    for (const auto& c : table) {
+        SCOPED_TRACE(c.what);
+        EditWindow w(c.text);
+        w.TicketChanged = c.changed;
+        int saves = 0;
+        w.view.SaveTicket = [&] { w.TicketChanged = ++saves < c.savesNeeded; };
+        for (const Answer answer : c.answers) {
+            w.ExpectQuestion(answer);
+        }
+        w.TicketList.DoubleClickRow(0);
+        EXPECT_EQ(w.State(), c.after);
+        EXPECT_EQ(saves, std::count(c.answers.begin(), c.answers.end(), Answer::Yes));
+        EXPECT_EQ(w.TicketList.Rows(), (Rows{"212 P", "300"}));
+        EXPECT_FALSE(w.block.BlockChanged);
+    }
+}
+
+TEST(Edit, IsOneStepThatLeavesTheCaretBehindTheTicket) {
+    EditWindow w;
     w.TicketChanged = false;
-    w.TicketList.DoubleClickRow(0);
-    ExpectEdited();
+    w.TicketList.DoubleClickRow(1);
+    EXPECT_EQ(w.RichText.Marked().Text(), u"A233 ");  // the space is green
+    EXPECT_EQ(w.RichText.SelStart(), 5);
+    EXPECT_EQ(w.RichText.TypingFormat(), CharFormat{});
     EXPECT_EQ(w.log,
               (Rows{"focus TicketList", "list selected", "focus RichText", "number changed"}));
     w.RichText.Undo();
     EXPECT_EQ(w.RichText.Marked().Text(), u"old");
 }
 
-TEST_F(Edit, CancelChangesNothing) {
-    ExpectQuestion(Answer::Cancel);
-    w.TicketList.DoubleClickRow(0);
-    ExpectUntouched();
-    EXPECT_EQ(saves, 0);
-}
-
-TEST_F(Edit, AsksAgainWhileTheTicketIsUnsaved) {
-    ExpectQuestion(Answer::Yes);
-    ExpectQuestion(Answer::Yes,
-                   [this] { w.view.SaveTicket = [this] { w.TicketChanged = false; }; });
-    w.TicketList.DoubleClickRow(0);
-    ExpectEdited();
-    EXPECT_EQ(saves, 1);
-}
-
-TEST_F(Edit, NoGoesOnAndAnEmptyEditorIsNotAskedAbout) {
-    ExpectQuestion(Answer::No);
-    w.TicketList.DoubleClickRow(0);
-    ExpectEdited();
-    w.RichText.SetContent({});
-    EXPECT_TRUE(w.TicketChanged);
-    w.TicketList.DoubleClickRow(0);
-    ExpectEdited();
-}
-
-TEST_F(Edit, NothingWithoutASelectedRow) {
+TEST(Edit, NeedsARowButNoRecord) {
+    EditWindow w;
     w.EditButton.Click();
-    ExpectUntouched();
+    EXPECT_EQ(w.State(), u"old|Shop1|700|changed");
     w.TicketList.ClickRow(0);
-    ExpectQuestion(Answer::No, [this] { w.TicketList.Clear(); });  // an upload began meanwhile
+    w.ExpectQuestion(Answer::No, [&] { w.TicketList.Clear(); });  // an upload began meanwhile
     w.EditButton.Click();
-    ExpectUntouched();
-}
-
-TEST_F(Edit, RowWithoutRecordEmptiesTheEditor) {
-    w.TicketChanged = false;
+    EXPECT_EQ(w.State(), u"old|Shop1|700|changed");
     w.TicketList.AddItem("400");
-    w.TicketList.DoubleClickRow(2);
-    EXPECT_FALSE(w.RichText.HasText());
-    EXPECT_FALSE(w.TicketChanged);
+    w.ExpectQuestion(Answer::No);
+    w.TicketList.DoubleClickRow(0);
+    EXPECT_EQ(w.State(), u"||");
 }
 
 }  // namespace

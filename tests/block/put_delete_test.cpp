@@ -14,17 +14,6 @@ TEST(NumberBox, TakesDigitsAndTellsWhatPutDoes) {
     EXPECT_FALSE(PutCommand::TicketNumber_KeyPress(U'\u0662'));  // a digit, but not of ours
 }
 
-TEST(Put, NewestRecordComesFirstAndRowsAscend) {
-    BlockWindow w;
-    for (const int number : {300, 250, 999, 200}) {
-        w.Put(number, u"A");
-    }
-    EXPECT_EQ(w.SealedMemory(), Record(200, u"A") + Record(999, u"A") + Record(250, u"A") +
-                                    Record(300, u"A") + Tail({}));
-    EXPECT_EQ(w.TicketList.Rows(), (Rows{"200", "250", "300", "999"}));
-    EXPECT_TRUE(w.block.BlockChanged);
-}
-
 TEST(Put, OnlyNumbersFrom200To999) {
     for (const char* text : {"", "0", "199", "1000", "2", "99999999999999999999", "x"}) {
         BlockWindow w;
@@ -52,10 +41,14 @@ TEST(Put, ReplacingUnbindsTheTicket) {
     EXPECT_EQ(w.log, Rows{"number changed"});
 
     w.log.clear();
+    w.RichText.Select(1, 2);
     w.ExpectOverwriting(212, Answer::Yes);
     w.PutButton.Click();
+    EXPECT_EQ(w.RichText.SelStart(), 1);
+    EXPECT_EQ(w.RichText.SelLength(), 0);
     EXPECT_EQ(w.SealedMemory(), Record(212, u"new") + Record(300, u"A") + Tail({0, 300, 0, 0}));
     EXPECT_EQ(w.TicketList.Rows(), (Rows{"212", "300 S"}));
+    EXPECT_TRUE(w.block.BlockChanged);
     EXPECT_EQ(w.block.KeyTicket, (Keys{0, 300, 0, 0}));
     EXPECT_EQ(w.log, (Rows{"focus RichText", "put ended"}));
 }
@@ -97,16 +90,6 @@ TEST(Put, IntoWhatIsNoImage) {
     w.ExpectTooBig();
     w.Put(212, u"B");
     EXPECT_EQ(w.block.TicketBuffer, SealTicketBuffer(Record(300, u"A")));
-}
-
-TEST(Put, DropsTheSelectionButKeepsTheCaret) {
-    BlockWindow w;
-    w.RichText.SetContent(Plain(u"ABCD"));
-    w.RichText.Select(1, 2);
-    w.TicketNumber.SetText("212");
-    w.PutButton.Click();
-    EXPECT_EQ(w.RichText.SelStart(), 1);
-    EXPECT_EQ(w.RichText.SelLength(), 0);
 }
 
 TEST(Remove, TakesOutOneRecord) {

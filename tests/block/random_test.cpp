@@ -52,81 +52,81 @@ class RandomWork {
             case 4:
                 return Delete();
             case 5:
-                return w.Load(w.block.TicketBuffer);
+                return w_.Load(w_.block.TicketBuffer);
             default:
                 return Assign();
         }
     }
     void Check() const {
-        Rows rows = w.TicketList.Rows();
+        Rows rows = w_.TicketList.Rows();
         for (std::string& row : rows) {
             std::erase(row, ' ');
         }
-        ASSERT_EQ(rows, model.ShownRows());
-        ASSERT_EQ(w.SealedMemory(), model.Memory());
-        ASSERT_EQ(w.block.KeyTicket, model.keys);
+        ASSERT_EQ(rows, model_.ShownRows());
+        ASSERT_EQ(w_.SealedMemory(), model_.Memory());
+        ASSERT_EQ(w_.block.KeyTicket, model_.keys);
     }
-    bool Started() const { return !w.block.TicketBuffer.empty(); }
+    bool Started() const { return !w_.block.TicketBuffer.empty(); }
     int refused = 0;
 
   private:
-    int Up(int limit) { return std::uniform_int_distribution(0, limit - 1)(random); }
+    int Up(int limit) { return std::uniform_int_distribution(0, limit - 1)(random_); }
 
     void Put() {
         const int number = 200 + Up(12);
         const std::u16string body(static_cast<std::size_t>(Up(500)),
                                   static_cast<char16_t>(u'A' + Up(26)));
-        const bool fits = model.Memory().size() - 20 + (body.size() + 2) * 4 <= 7980;
+        const bool fits = model_.Memory().size() - 20 + (body.size() + 2) * 4 <= 7980;
         const bool overwrite = Up(3) > 0;
-        const bool known = model.Has(number);
+        const bool known = model_.Has(number);
         if (known) {
-            w.ExpectOverwriting(number, overwrite ? Answer::Yes : Answer::No);
+            w_.ExpectOverwriting(number, overwrite ? Answer::Yes : Answer::No);
         }
         if (!fits && (!known || overwrite)) {
-            w.ExpectTooBig();
+            w_.ExpectTooBig();
             ++refused;
         } else if (!known || overwrite) {
-            model.Remove(number);
-            model.tickets.insert(model.tickets.begin(), {number, body});
+            model_.Remove(number);
+            model_.tickets.insert(model_.tickets.begin(), {number, body});
         }
-        w.Put(number, body);
+        w_.Put(number, body);
     }
     // The number of the row selected now, or 0.
     int Select() {
-        const int row = Up(w.TicketList.ListCount() + 1) - 1;
+        const int row = Up(w_.TicketList.ListCount() + 1) - 1;
         if (row < 0) {
-            w.TicketList.SetListIndex(-1);
+            w_.TicketList.SetListIndex(-1);
             return 0;
         }
-        w.TicketList.ClickRow(row);
-        return LeadingNumber(w.TicketList.List(row));
+        w_.TicketList.ClickRow(row);
+        return LeadingNumber(w_.TicketList.List(row));
     }
     void Delete() {
         if (const int number = Select()) {
-            model.Remove(number);
+            model_.Remove(number);
         }
-        w.TicketList.OnKeyUp(KeyDelete);
+        w_.TicketList.OnKeyUp(KeyDelete);
     }
     void Assign() {
         const int number = Select();
         const std::size_t key = static_cast<std::size_t>(Up(5));
-        w.TicketList.OnKeyPress(static_cast<unsigned char>("PSIO "[key]));
+        w_.TicketList.OnKeyPress(static_cast<unsigned char>("PSIO "[key]));
         if (number != 0) {
-            std::replace(model.keys.begin(), model.keys.end(), number, 0);
+            std::replace(model_.keys.begin(), model_.keys.end(), number, 0);
             if (key < 4) {
-                model.keys[key] = number;
+                model_.keys[key] = number;
             }
         }
     }
 
-    std::mt19937 random{20240229};
-    BlockWindow w;
-    Model model;
+    std::mt19937 random_{20240229};
+    BlockWindow w_;
+    Model model_;
 };
 
 TEST(Block, RandomWorkAgreesWithAModel) {
     RandomWork work;
-    for (int i = 0; i < 5000 && !::testing::Test::HasFailure(); ++i) {
+    for (int i = 0; i < 1500 && !::testing::Test::HasFailure(); ++i) {
         SCOPED_TRACE(i);
         work.Step();
         if (work.Started()) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -130,6 +131,25 @@ class FakeTextBox final : public FakeControl<TextBox> {
 
     std::size_t maxLength = 0;  // 0 means any number
     int selStart = 0;
+
+  private:
+    std::string text_;
+};
+
+class FakeTextArea final : public FakeControl<TextArea> {
+  public:
+    std::string Text() const override { return text_; }
+    void Clear() override { text_.clear(); }
+    void Append(std::string_view bytes) override { text_ += bytes; }
+
+    // Types at the end.
+    void Type(const std::string& characters) {
+        SetFocus();
+        for (const char c : characters) {
+            Raise(OnKeyPress, static_cast<unsigned char>(c));
+            text_ += c;
+        }
+    }
 
   private:
     std::string text_;

@@ -35,7 +35,7 @@ class FakeDialogs final : public Dialogs {
     ~FakeDialogs() override { ExpectNoMore(); }
 
     // `meanwhile` runs while the box is open.
-    void Expect(Message message, Answer answer, std::function<void()> meanwhile = {}) {
+    void Expect(const Message& message, Answer answer, std::function<void()> meanwhile = {}) {
         script_.push_back({Shown(message), answer, {}, {}, std::move(meanwhile)});
     }
     void ExpectInput(const std::string& title, const std::string& prompt, std::string reply) {

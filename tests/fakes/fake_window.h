@@ -158,6 +158,8 @@ class FakeWindow final : public Window {
                 box->maxLength = static_cast<std::size_t>(design.maxLength);
                 return AddControl(design, std::move(box));
             }
+            case ControlKind::TextArea:
+                return AddControl(design, std::make_unique<FakeTextArea>());
             case ControlKind::Button:
                 return AddControl(design, std::make_unique<FakeButton>());
             case ControlKind::ToggleButton:
