@@ -11,6 +11,16 @@ namespace {
 constexpr int CaptionFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
 constexpr double SmallestPoints = 6.0;
 
+// A caption of a disabled button is faint, but can be read.
+QColor Faint(const QColor& ink, const QColor& face) {
+    constexpr double Ink = 0.55;
+    const auto mix = [&](double a, double b) {
+        return static_cast<float>(Ink * a + (1 - Ink) * b);
+    };
+    return QColor::fromRgbF(mix(ink.redF(), face.redF()), mix(ink.greenF(), face.greenF()),
+                            mix(ink.blueF(), face.blueF()));
+}
+
 bool Fits(const QFont& font, const QString& caption, const QRect& room) {
     // Lines break at blanks only: a word wider than the room does not fit.
     const QRect needed = QFontMetrics(font).boundingRect(room, CaptionFlags, caption);
@@ -39,16 +49,17 @@ void FaceButton::paintEvent(QPaintEvent* /*event*/) {
     painter.drawControl(QStyle::CE_PushButton, option);
 
     const bool pressed = isChecked();
+    const QPalette::ColorRole faceRole = pressed ? QPalette::Highlight : QPalette::Button;
+    const QColor face = palette().color(QPalette::Active, faceRole);
     if (pressed) {  // a plainly different face: the highlight colour, whatever the theme
-        const QColor face = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
-                                            QPalette::Highlight);
         painter.setPen(face.darker(150));
-        painter.setBrush(face);
+        painter.setBrush(isEnabled() ? face : Faint(face, palette().color(QPalette::Button)));
         painter.drawRoundedRect(rect().adjusted(0, 0, -1, -1), 2, 2);
     }
+    const QColor ink = palette().color(QPalette::Active,
+                                       pressed ? QPalette::HighlightedText : QPalette::ButtonText);
     painter.setFont(CaptionFont());
-    painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
-                                   pressed ? QPalette::HighlightedText : QPalette::ButtonText));
+    painter.setPen(isEnabled() || pressed ? ink : Faint(ink, face));
     painter.drawText(CaptionRect(), CaptionFlags, text());
     if (pressed && hasFocus()) {
         painter.setBrush(Qt::NoBrush);

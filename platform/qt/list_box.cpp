@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <algorithm>
 #include <utility>
 
 #include "platform/qt/simple_controls.h"
@@ -14,6 +15,13 @@ int KeyCodeOf(const QKeyEvent& event) {
 }
 
 }  // namespace
+
+QRect WholeRows(const QListWidget& list, QRect room) {
+    const int row = list.fontMetrics().height();
+    const int frame = 2 * list.frameWidth();
+    room.setHeight(std::max(row, room.height() - frame) / row * row + frame);
+    return room;
+}
 
 int SortedPosition(const QListWidget& list, const QString& text) {
     int low = 0;
@@ -131,6 +139,10 @@ void QtListBox::RemoveItem(int index) {
 
 void QtListBox::Clear() {
     Quietly([&] { widget_->clear(); });
+}
+
+void QtListBox::SetPlace(const Place& place) {
+    widget_->setGeometry(WholeRows(*widget_, ToPixels(place)));
 }
 
 int QtListBox::ListIndex() const {

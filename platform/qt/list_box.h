@@ -37,6 +37,7 @@ class QtListBox final : public QtControl<ListBox, RowList> {
     void Clear() override;
     int ListIndex() const override;
     void SetListIndex(int index) override;
+    void SetPlace(const Place& place) override;
 
   private:
     // Runs a change of the program's own, which raises no event.
@@ -46,6 +47,9 @@ class QtListBox final : public QtControl<ListBox, RowList> {
     bool sorted_;
     bool quiet_ = false;
 };
+
+// A list shows whole rows only: the part of `room` that is as high as the rows that fit.
+QRect WholeRows(const QListWidget& list, QRect room);
 
 // Where `text` belongs in a list kept in alphabetical order: behind its equals.
 int SortedPosition(const QListWidget& list, const QString& text);

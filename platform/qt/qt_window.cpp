@@ -199,7 +199,8 @@ void QtWindow::AddMenus(const WindowDesign& design) {
     }
     shell_.menuBar()->setFont(ToQt(FontFace::Interface));
     // The seven captions fit beside each other at the smallest width.
-    shell_.menuBar()->setStyleSheet(QStringLiteral("QMenuBar::item { padding: 3px 5px; }"));
+    shell_.menuBar()->setStyleSheet(
+        QStringLiteral("QMenuBar { spacing: 0px; } QMenuBar::item { padding: 3px 4px; }"));
 }
 
 Component* QtWindow::Find(std::string_view name) {

@@ -4,6 +4,7 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "platform/qt/list_box.h"
 #include "platform/qt/simple_controls.h"
 
 namespace varno {
@@ -42,7 +43,7 @@ void ComboPanel::Choose(const QListWidgetItem* item) {
 void ComboPanel::resizeEvent(QResizeEvent* /*event*/) {
     const int fieldHeight = field->sizeHint().height();
     field->setGeometry(0, 0, width(), fieldHeight);
-    list->setGeometry(0, fieldHeight, width(), std::max(0, height() - fieldHeight));
+    list->setGeometry(WholeRows(*list, QRect(0, fieldHeight, width(), height() - fieldHeight)));
 }
 
 // The arrow keys in the field walk through the list.

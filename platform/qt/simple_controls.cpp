@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QValidator>
 
 namespace varno {
@@ -186,8 +188,31 @@ QtToggleButton::QtToggleButton(const ControlDesign& design, QWidget* parent)
     ApplyCaption(design, widget_);
 }
 
+QRect WrappingCheckBox::CaptionRect() const {
+    const int indicator = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this);
+    const int gap = style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, this);
+    return rect().adjusted(indicator + gap, 0, 0, 0);
+}
+
+void WrappingCheckBox::paintEvent(QPaintEvent* /*event*/) {
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    QStylePainter painter(this);
+    painter.drawControl(QStyle::CE_CheckBox, option);
+    painter.drawText(CaptionRect(),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap | Qt::TextShowMnemonic,
+                     text());
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        focus.rect = CaptionRect();
+        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    }
+}
+
 QtCheckBox::QtCheckBox(const ControlDesign& design, QWidget* parent)
-    : QtControl(new QCheckBox(parent)) {
+    : QtControl(new WrappingCheckBox(parent)) {
     ApplyDesign(design, widget_);
     ApplyCaption(design, widget_);
     QObject::connect(widget_, &QCheckBox::clicked, widget_, [this] {

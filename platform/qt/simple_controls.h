@@ -53,7 +53,19 @@ class QtToggleButton final : public QtControl<ToggleButton, FaceButton> {
     void SetValue(bool pressed) override { widget_->setChecked(pressed); }
 };
 
-class QtCheckBox final : public QtControl<CheckBox, QCheckBox> {
+// Breaks its caption into lines where its place is too narrow.
+class WrappingCheckBox : public QCheckBox {
+  public:
+    using QCheckBox::QCheckBox;
+
+    QRect CaptionRect() const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    bool hitButton(const QPoint& position) const override { return rect().contains(position); }
+};
+
+class QtCheckBox final : public QtControl<CheckBox, WrappingCheckBox> {
   public:
     QtCheckBox(const ControlDesign& design, QWidget* parent);
     bool Value() const override { return widget_->isChecked(); }
