@@ -18,7 +18,11 @@ void PrepareApplication() {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QGuiApplication::setApplicationDisplayName(QString());
     QGuiApplication::setDesktopFileName(QStringLiteral("varno-ticket-formatter"));
-    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/varno-ticket-formatter.png")));
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/icons/%1.png").arg(size));
+    }
+    QGuiApplication::setWindowIcon(icon);
 }
 
 ProgramInfo ThisProgram() {
