@@ -87,7 +87,9 @@ void Terminal::Form_Resize() {
         window_->Get<Button>("Command2").SetPlace(layout->exit);
         return;
     }
-    window_->SetState(WindowState::Normal);
+    if (window_->State() != WindowState::Normal) {
+        window_->SetState(WindowState::Normal);
+    }
     CloseTerminal();
     // Or the next opening would end here again.
     window_->SetOuterPlace({outer.left, outer.top, TerminalDesign.clientWidth + FrameWidth,

@@ -8,8 +8,8 @@ namespace {
 
 constexpr int BitsPerCharacter = 10;
 // Characters come out in pieces of this time, so that a fast line needs no tick for each of them.
-constexpr std::chrono::nanoseconds Piece = std::chrono::milliseconds(2);
-constexpr std::chrono::nanoseconds FullAfter = std::chrono::milliseconds(5);
+constexpr std::chrono::nanoseconds Piece = std::chrono::milliseconds(4);
+constexpr std::chrono::nanoseconds FullAfter = std::chrono::milliseconds(8);
 
 }  // namespace
 

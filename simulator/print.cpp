@@ -34,7 +34,8 @@ std::vector<Word> BodyOf(std::string_view image, int ticketNumber) {
 std::string CodeShown(char letter, int number, const std::string& catalogue) {
     std::string code = std::to_string(number);
     code.insert(0, code.size() < 3 ? 3 - code.size() : 0, '0');
-    const std::string comment = ToUtf8(FindCodeComment(catalogue, code));
+    std::string comment = ToUtf8(FindCodeComment(catalogue, code));
+    comment.erase(0, comment.find_first_not_of(' '));
     return "<" + (comment.empty() ? letter + code : comment) + ">";
 }
 
