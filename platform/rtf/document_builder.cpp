@@ -47,9 +47,11 @@ void RtfDocumentBuilder::AddLabel(std::u16string_view text, const RtfStyle& styl
 void RtfDocumentBuilder::EndLabel() {
     std::vector<RtfRun>& label = paragraph_.label;
     while (!label.empty()) {
-        std::u16string& text = label.back().text;
-        text.erase(text.find_last_not_of(u'\t') + 1);
-        if (!text.empty()) {
+        std::u16string& last = label.back().text;
+        last.erase(last.find_last_not_of(u"\t ") + 1);
+        if (!last.empty()) {
+            std::u16string& first = label.front().text;
+            first.erase(0, first.find_first_not_of(u' '));
             return;
         }
         label.pop_back();

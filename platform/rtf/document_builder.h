@@ -32,7 +32,7 @@ class RtfDocumentBuilder {
     void AddText(std::u16string_view text, const RtfStyle& style);
     void AddLabel(std::u16string_view text, const RtfStyle& style);
     void AddPicture(RtfPicture picture, const RtfStyle& style);
-    // The label is complete: without the tab behind it.
+    // The label is complete, but for the blanks and the tab around it.
     void EndLabel();
     // The label went on to the end of the paragraph: what stands behind its tab, or all of it, is
     // text.

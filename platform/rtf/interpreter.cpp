@@ -286,12 +286,20 @@ int RtfInterpreter::NestedLevel() {
 }
 
 void RtfInterpreter::EndParagraph() {
-    const bool inLabel = State().destination == RtfDestination::Label;
-    if (inLabel) {
-        builder_.SplitLabel();  // one writer puts whole items into the group of their bullet
+    if (State().destination == RtfDestination::Label) {
+        ReturnFromLabel();
     }
-    if ((InBody() || inLabel) && Visible()) {
+    if (InBody() && Visible()) {
         builder_.EndParagraph(Level(), State().paragraph, State().style);
+    }
+}
+
+// One writer puts the whole item, and more, into the group of its bullet.
+void RtfInterpreter::ReturnFromLabel() {
+    builder_.SplitLabel();
+    for (auto group = groups_.rbegin(); group->destination == RtfDestination::Label; ++group) {
+        group->destination = RtfDestination::Body;
+        group->opensDestination = false;
     }
 }
 

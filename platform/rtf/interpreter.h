@@ -57,6 +57,7 @@ class RtfInterpreter {
     void Symbol(char symbol);
     void AddBytes(std::string_view bytes);
     void FlushBytes();
+    void ReturnFromLabel();
     int Level();
     bool Visible() { return !State().hidden && !State().deleted; }
 

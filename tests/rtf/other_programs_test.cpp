@@ -16,6 +16,9 @@
 namespace varno {
 namespace {
 
+// The format of a line break means nothing, and word processors do not keep it.
+constexpr CharFormat Plain;
+
 bool Execute(const std::string& command) {
     return std::system(command.c_str()) == 0;
 }
@@ -24,16 +27,21 @@ bool Installed(const std::string& program) {
     return Execute("command -v " + program + " >/dev/null 2>&1");
 }
 
-// A folder of its own for each test, which is also the home of the programs it starts.
+// A folder of its own for each test, beside the one that is home to the programs it starts.
 class RtfOtherPrograms : public testing::Test {
   protected:
-    void SetUp() override {
+    static void SetUpTestSuite() {
         std::string pattern = testing::TempDir() + "varno-rtf-XXXXXX";
         ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        folder_ = pattern;
-        std::filesystem::create_directory(folder_ / "out");
+        home_ = pattern;
+        ASSERT_EQ(setenv("HOME", pattern.c_str(), 1), 0);
     }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
+    static void TearDownTestSuite() { std::filesystem::remove_all(home_); }
+
+    void SetUp() override {
+        folder_ = home_ / testing::UnitTest::GetInstance()->current_test_info()->name();
+        std::filesystem::create_directories(folder_ / "out");
+    }
 
     void Save(const std::string& name, const std::string& bytes) {
         ASSERT_EQ(WriteFile(folder_ / name, bytes), std::nullopt);
@@ -49,24 +57,24 @@ class RtfOtherPrograms : public testing::Test {
         return text;
     }
 
-    // All files of the folder of this kind, into the folder "out".
+    // All files of the folder of one kind, into the folder "out" as another.
     void ConvertByLibreOffice(const std::string& from, const std::string& to) {
-        ASSERT_TRUE(
-            Execute("cd '" + folder_.string() + "' && HOME=\"$PWD\" timeout 300 soffice " +
-                    "-env:UserInstallation=file://\"$PWD\"/profile --headless --convert-to " + to +
-                    " --outdir out *." + from + " >log 2>&1"))
-            << Load("log");
+        ExecuteInFolder("timeout 300 soffice -env:UserInstallation=file://\"$HOME\"/profile " +
+                        ("--headless --convert-to " + to + " --outdir out *." + from));
     }
     void ConvertByAbiWord(const std::string& from, const std::string& to) {
-        ASSERT_TRUE(Execute("cd '" + folder_.string() + "' && for f in *." + from +
-                            "; do HOME=\"$PWD\" timeout 60 abiword --to=" + to +
-                            " -o \"out/${f%.*}." + to + "\" \"$f\" >>log 2>&1 || exit 1; done"))
+        ExecuteInFolder("for f in *." + from + "; do timeout 60 abiword --to=" + to +
+                        " -o out/\"${f%.*}\"." + to + " \"$f\" || exit 1; done");
+    }
+    void ExecuteInFolder(const std::string& command) {
+        EXPECT_TRUE(Execute("cd '" + folder_.string() + "' && (" + command + ") >log 2>&1"))
             << Load("log");
     }
 
     void SaveTickets(std::u16string_view beyond = u"\U0001F600");
     void CompareTickets(const std::function<MarkedText(const std::string& name)>& load);
 
+    static inline std::filesystem::path home_;
     std::filesystem::path folder_;
     std::vector<MarkedText> tickets_;
 };
@@ -98,10 +106,8 @@ void RtfOtherPrograms::SaveTickets(std::u16string_view beyond) {
     }
 }
 
-// The format of a line break means nothing, and word processors do not keep it.
 void RtfOtherPrograms::CompareTickets(
     const std::function<MarkedText(const std::string& name)>& load) {
-    constexpr CharFormat Plain;
     std::size_t characters = 0;
     std::size_t different = 0;
     for (std::size_t i = 0; i < tickets_.size(); ++i) {
@@ -140,6 +146,29 @@ TEST_F(RtfOtherPrograms, WeReadWhatAbiWordSaves) {
     SaveTickets(u"x");  // AbiWord 3.0 moves surrogate pairs in front of the text before them
     ConvertByAbiWord("rtf", "rtf");
     CompareTickets([this](const std::string& name) { return LoadRtf(name + ".rtf"); });
+}
+
+// A document of each program's own making: named styles, lists, tables, notes, changes.
+TEST_F(RtfOtherPrograms, WeReadADocumentOfLibreOffice) {
+    if (!Installed("soffice")) {
+        GTEST_SKIP() << "LibreOffice is not installed";
+    }
+    std::filesystem::copy_file(RTF_TEST_DATA "/own.fodt", folder_ / "own.fodt");
+    ConvertByLibreOffice("fodt", "rtf");
+    EXPECT_EQ(Picture(WithBreaksIn(LoadRtf("out/own.rtf"), &Plain)),
+              "[ff0000 b]Head [0000ff biu]emph[ff0000 b] rest[]|Net÷¬|[s]struck[]<9>xyz|one|two|"
+              "a|b<9>n1<9>n2|<9>[ff0000 b]d[]|[000080 u]link[] Жα€ “q” 1|");
+}
+
+TEST_F(RtfOtherPrograms, WeReadADocumentOfAbiWord) {
+    if (!Installed("abiword")) {
+        GTEST_SKIP() << "AbiWord is not installed";
+    }
+    std::filesystem::copy_file(RTF_TEST_DATA "/own.abw", folder_ / "own.abw");
+    ConvertByAbiWord("abw", "rtf");
+    EXPECT_EQ(Picture(WithBreaksIn(LoadRtf("out/own.rtf"), &Plain)),
+              "[ff0000 b]Head [0000ff bi]emph[ff0000 b] rest[]|Net÷¬ [00ff00 us]struck[] Жα€ “q”|"
+              "[b]one[]|two|a|b<9>[ff0000 b]c[]||end");
 }
 
 }  // namespace

@@ -11,3 +11,4 @@ varno_test(rtf_other_programs_test
     ${rtf_tests}/flat_odt.cpp
     ${rtf_tests}/other_programs_test.cpp
     LINKS rtf)
+target_compile_definitions(rtf_other_programs_test PRIVATE RTF_TEST_DATA="${rtf_tests}/data")
