@@ -47,6 +47,8 @@ class FakeDialogs final : public Dialogs {
     void ExpectSave(std::optional<ChosenFile> chosen) {
         script_.push_back({"save dialog", {}, {}, std::move(chosen), {}});
     }
+    // From now on `hear` gets every message box, and Ok answers it.
+    void Listen(std::function<void(const Message&)> hear) { hear_ = std::move(hear); }
     // All that was expected so far has come; also checked at the end.
     void ExpectNoMore() {
         for (const Step& step : script_) {
@@ -57,6 +59,10 @@ class FakeDialogs final : public Dialogs {
 
     Answer ShowMessage(const std::string& text, const std::string& title, Buttons buttons,
                        Icon icon) override {
+        if (hear_) {
+            hear_({text, title, buttons, icon});
+            return Answer::Ok;
+        }
         const std::optional<Step> step = Next(Shown({text, title, buttons, icon}));
         if (step && step->meanwhile) {
             step->meanwhile();
@@ -114,6 +120,7 @@ class FakeDialogs final : public Dialogs {
     }
 
     std::deque<Step> script_;
+    std::function<void(const Message&)> hear_;
 };
 
 }  // namespace varno

@@ -1,0 +1,177 @@
+// The largest ticket decoded and encoded, a key at its end, and a picker opened: each against what
+// Qt needs for the bare controls.
+#include <QApplication>
+#include <QKeyEvent>
+#include <QListWidget>
+#include <QTemporaryDir>
+#include <QTextEdit>
+#include <QTimer>
+#include <fstream>
+
+#include "app/form1.h"
+#include "benchmarks/measure.h"
+#include "codec/catalogue.h"
+#include "codec/encoder.h"
+#include "codec/memory_editor.h"
+#include "codec/word.h"
+#include "editor/code_picker.h"
+#include "platform/files.h"
+#include "platform/qt/marked_cursor.h"
+#include "platform/qt/qt_platform.h"
+#include "platform/qt/rich_text_box.h"
+
+namespace varno {
+namespace {
+
+constexpr int CatalogueLines = 1000;
+constexpr int LargestTicket = 1995;  // words, header and end included
+constexpr int KeyTicketLength = 34000;
+constexpr int TicketNumber = 212;
+
+std::string Line(int code) {
+    char line[64];
+    std::snprintf(line, sizeof line, "%03d print the value of field %03d\r\n", code, code);
+    return line;
+}
+
+void WriteCatalogues(const std::string& folder) {
+    std::string text;
+    for (int code = 0; code < CatalogueLines; ++code) {
+        text += Line(code);
+    }
+    for (const std::string_view name : {ControlCatalogueName, PrintCatalogueName}) {
+        std::ofstream(folder + "/" + std::string(name), std::ios::binary) << text;
+    }
+}
+
+// All codes, spread over the whole catalogue.
+std::vector<Word> LargestRecord() {
+    std::vector<Word> words{static_cast<Word>(TicketHeader + TicketNumber)};
+    for (int i = 0; i < LargestTicket - 2; ++i) {
+        words.push_back(static_cast<Word>((i % 2 == 0 ? ControlCode : PrintCode) +
+                                          i % (CatalogueLines - 1) + 1));
+    }
+    words.push_back(TicketEnd);
+    return words;
+}
+
+MarkedText Decode(const std::vector<Word>& words, const Catalogues& catalogues) {
+    MemoryEditor editor;
+    TicketDecoder decoder;
+    decoder.DecodeTicket(words, TicketNumber, catalogues, editor);
+    return editor.Content();
+}
+
+void BenchCodec(QtRichTextBox& ours, const Catalogues& catalogues) {
+    const std::vector<Word> words = LargestRecord();
+    const MarkedText ticket = Decode(words, catalogues);
+    QTextEdit bare;
+    const auto build = [&] {  // the same text, in one edit block
+        QTextCursor cursor(bare.document());
+        cursor.beginEditBlock();
+        cursor.select(QTextCursor::Document);
+        cursor.removeSelectedText();
+        InsertMarked(cursor, ticket);
+        cursor.endEditBlock();
+    };
+    const auto readOncePerCode = [&] {
+        std::string bytes;
+        for (std::size_t i = 0; i + 2 < words.size(); ++i) {
+            (void)ReadFile(catalogues.controlCodes, bytes);
+        }
+    };
+    Compare(
+        "decode the largest ticket / build + read", 9, 2.0,
+        [&] { ours.SetContent(Decode(words, catalogues)); },
+        [&] {
+            build();
+            readOncePerCode();
+        });
+    Compare(
+        "encode it / build", 9, 0.2,
+        [&] {
+            const std::string record = EncodeTicket(ours.Content(), TicketNumber);
+            if (record.size() != words.size() * WordDigits) {
+                std::printf("the record came back with another length\n");
+            }
+        },
+        build);
+}
+
+void PressX(QWidget* widget) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+        QApplication::sendEvent(widget, &event);
+    }
+    QApplication::processEvents();
+}
+
+void BenchKey(QtRichTextBox& ours) {
+    MarkedText text;
+    for (int i = 0; i < KeyTicketLength; i += 34) {
+        text.Append(u"31 characters of ticket text....\u00AC\r\n", {});
+    }
+    ours.SetContent(text);
+    QTextEdit bare;
+    bare.setLineWrapMode(QTextEdit::NoWrap);
+    bare.resize(ours.Get()->size());
+    QTextCursor cursor(bare.document());
+    InsertMarked(cursor, text);
+    bare.show();
+    for (QTextEdit* edit : {static_cast<QTextEdit*>(ours.Get()), &bare}) {
+        edit->moveCursor(QTextCursor::End);
+    }
+    QApplication::processEvents();
+    Compare(
+        "key at the end of a 34,000-character ticket", 301, 3.0, [&] { PressX(ours.Get()); },
+        [&] { PressX(&bare); });
+}
+
+void BenchPicker(QtPlatform& platform, const Catalogues& catalogues) {
+    const auto open = [&] {
+        CodePicker picker(platform, ControlCodesList(), catalogues.controlCodes);
+        QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+        picker.Show();
+    };
+    const auto fill = [] {
+        QWidget window;
+        window.resize(442, 228);
+        for (int list = 0; list < 3; ++list) {
+            QStringList rows;
+            for (int code = 0; code < CatalogueLines; ++code) {
+                rows += QString::fromStdString(Line(code));
+            }
+            auto* widget = new QListWidget(&window);
+            widget->addItems(rows);
+        }
+        window.setWindowModality(Qt::ApplicationModal);
+        window.show();
+        QApplication::processEvents();
+        window.close();
+    };
+    Compare("open a picker of 1000 codes / fill three lists", 15, 2.0, open, fill);
+}
+
+}  // namespace
+}  // namespace varno
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    varno::PrepareApplication();
+    QTemporaryDir folder;
+    const std::string path = folder.path().toStdString();
+    varno::WriteCatalogues(path);
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    varno::QtPlatform platform({.exeName = "bench", .path = path, .dataFolder = path});
+    varno::Form1 form(platform);
+    form.Form_Load();
+    form.Show();
+    auto& editor =
+        dynamic_cast<varno::QtRichTextBox&>(form.MainWindow().Get<varno::RichTextBox>("RichText"));
+    const varno::Catalogues catalogues{
+        .controlCodes = path + "/" + std::string(varno::ControlCatalogueName),
+        .printCodes = path + "/" + std::string(varno::PrintCatalogueName)};
+    varno::BenchCodec(editor, catalogues);
+    varno::BenchKey(editor);
+    varno::BenchPicker(platform, catalogues);
+}

@@ -1,0 +1,144 @@
+"""An operator at the program: a real window, real keys, and what assistive technology sees of it."""
+
+import os
+import subprocess
+import time
+
+os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+
+import pyatspi  # noqa: E402  (reads the environment)
+
+DEADLINE = 30  # seconds that any single thing may take
+
+
+class Failure(Exception):
+    pass
+
+
+def expect(condition, what):
+    if not condition:
+        raise Failure(what)
+
+
+def wait_for(condition, what):
+    """Waits until condition() gives something true, and returns it."""
+    end = time.monotonic() + DEADLINE
+    while time.monotonic() < end:
+        try:
+            found = condition()
+        except Exception:  # a widget went away while it was looked at
+            found = None
+        if found:
+            return found
+        time.sleep(0.05)
+    raise Failure(f"waited in vain: {what}")
+
+
+def xdotool(*arguments):
+    run = subprocess.run(["xdotool", *map(str, arguments)], capture_output=True, text=True)
+    return run.stdout.strip()
+
+
+class Program:
+    def __init__(self, executable, *arguments, environment=None):
+        self.process = subprocess.Popen(
+            [executable, *arguments], env={**os.environ, **(environment or {})}
+        )
+        self.root = wait_for(self._find_root, "the program on the accessibility bus")
+        self.await_window("VarnoTicketFormatter 1.0.2")
+
+    def _find_root(self):
+        expect(self.process.poll() is None, "the program ended at once")
+        desktop = pyatspi.Registry.getDesktop(0)
+        for application in desktop:
+            if application and application.get_process_id() == self.process.pid:
+                return application
+        return None
+
+    # Windows and keys
+
+    def await_window(self, title):
+        wait_for(lambda: title in self.windows(), f"window {title!r}")
+        wait_for(lambda: xdotool("getactivewindow", "getwindowname") == title, f"{title!r} active")
+
+    def windows(self):
+        return [window.name for window in self.root if window]
+
+    def keys(self, *keys):
+        xdotool("key", "--clearmodifiers", "--delay", 30, *keys)
+
+    def type(self, text):
+        xdotool("type", "--delay", 15, text)
+
+    def quit(self):
+        self.keys("alt+f")
+        self.keys("x")
+
+    def await_end(self):
+        wait_for(lambda: self.process.poll() is not None, "the end of the program")
+        expect(self.process.returncode == 0, f"exit status {self.process.returncode}")
+
+    def kill(self):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+
+    # What assistive technology sees
+
+    def find(self, name, role=None):
+        def search(node):
+            for child in node:
+                if child is None:
+                    continue
+                if child.name == name and (role is None or child.getRoleName() == role):
+                    return child
+                found = search(child)
+                if found:
+                    return found
+            return None
+
+        return wait_for(lambda: search(self.root), f"{role or 'control'} {name!r}")
+
+    def text(self, name):
+        control = self.find(name)
+        return control.queryText().getText(0, -1)
+
+    def rows(self, name="Tickets"):
+        return [row.name for row in self.find(name, "list")]
+
+    def find_status(self):
+        """The text of the status label; its description tells it from other labels."""
+
+        def search(node):
+            for child in node:
+                if child and child.description == "Status":
+                    return child
+                found = child and search(child)
+                if found:
+                    return found
+            return None
+
+        return wait_for(lambda: search(self.root), "the status label").name
+
+    def has_state(self, name, state, role=None):
+        return self.find(name, role).getState().contains(state)
+
+    def is_focused(self, name):
+        return self.has_state(name, pyatspi.STATE_FOCUSED)
+
+    def await_focus(self, name):
+        wait_for(lambda: self.is_focused(name), f"the focus on {name!r}")
+
+    def await_text(self, name, text):
+        wait_for(lambda: self.text(name) == text, f"{text!r} in {name!r}")
+
+    def await_rows(self, rows):
+        wait_for(lambda: self.rows() == rows, f"the rows {rows}")
+
+    def centre_of(self, node):
+        box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    def press(self, name, role="push button"):
+        """Presses a control through the accessibility bus."""
+        self.find(name, role).queryAction().doAction(0)

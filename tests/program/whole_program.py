@@ -1,0 +1,189 @@
+#!/usr/bin/python3
+"""The whole program, driven by keyboard from an empty start to a saved block and back.
+
+whole_program.py FOLDER: FOLDER holds the program, its catalogues and the simulated indicator.
+"""
+
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+from operator_at_work import Failure, Program, expect, wait_for, xdotool
+
+FOLDER = os.path.abspath(sys.argv[1])
+PROGRAM = os.path.join(FOLDER, "VarnoTicketFormatter")
+INDICATOR = os.path.join(FOLDER, "varno-indicator")
+
+
+def crc(digits):
+    value = 0xFFFF
+    for byte in bytes.fromhex(digits):
+        value ^= byte
+        for _ in range(8):
+            value = value >> 1 ^ (0xA001 if value & 1 else 0)
+    return f"{value:04X}"
+
+
+def memory_of(path):
+    with open(path, "rb") as file:
+        content = file.read().decode("ascii")
+    expect(len(content) == 8009, f"{path} has {len(content)} bytes, not 8009")
+    expect(content[0] == ":" and content.endswith("\r\n"), "a block file is one line")
+    expect(content[8001:8003] == "00" and content[8003:8007] == crc(content[1:8001]),
+           "the checksum does not fit the memory")
+    return content[1:8001]
+
+
+def choose_file_item(program, ups):
+    """Chooses from the File menu, counted from its end."""
+    program.keys("alt+f")
+    program.keys(*["Up"] * ups)
+    program.keys("Return")
+
+
+def save_block(program, path):
+    choose_file_item(program, 2)
+    program.await_window("Save As")
+    program.keys("ctrl+a")
+    program.type(path)
+    program.keys("Return")
+    wait_for(lambda: os.path.exists(path), f"the file {path}")
+    program.await_window("VarnoTicketFormatter 1.0.2")
+
+
+def answer(program, title, key):
+    program.await_window(title)
+    program.keys(key)
+
+
+def write_first_ticket(folder):
+    """Type, number, put, save, quit."""
+    path = os.path.join(folder, "Plant.VRB")
+    program = Program(PROGRAM)
+    try:
+        program.await_focus("Ticket editor")
+        program.type("Net 5")
+        program.keys("Return")
+        program.await_text("Ticket editor", "Net÷5¬\n")
+
+        program.keys("alt+c")
+        program.await_window("Varno Control Codes")
+        program.type("005")
+        program.keys("Return")
+        program.await_window("VarnoTicketFormatter 1.0.2")
+        program.keys("alt+p")
+        program.await_window("Varno Print Codes")
+        program.type("012")
+        program.keys("Return")
+        program.await_window("VarnoTicketFormatter 1.0.2")
+        wait_for(lambda: "\nC005 " in program.text("Ticket editor"), "the control code")
+        wait_for(lambda: "\nP012 " in program.text("Ticket editor"), "the print code")
+
+        program.keys("Tab")
+        program.await_focus("Ticket number")
+        program.type("2x12")
+        program.await_text("Ticket number", "212")
+        program.keys("Tab", "space")
+        program.await_rows(["212"])
+        program.await_focus("Ticket editor")
+
+        tab_to(program, "Tickets")
+        program.keys("Down", "p")
+        program.await_rows(["212  P"])
+        save_block(program, path)
+        program.quit()
+        answer(program, "Ticket changed", "alt+n")
+        program.await_end()
+    finally:
+        program.kill()
+    expect(memory_of(path).startswith(
+        "08D4" "004E00650074" "0020" "0035" "000D000A" "2005" "400C" "1000" "8000" "00D4"),
+        "the memory holds another ticket")
+    return path
+
+
+def tab_to(program, name):
+    for _ in range(12):
+        if program.is_focused(name):
+            return
+        program.keys("Tab")
+    program.await_focus(name)
+
+
+def find_it_again(path):
+    """The next start shows the row; a double click brings the ticket back into the editor."""
+    program = Program(PROGRAM, path)
+    try:
+        program.await_rows(["212 P"])
+        x, y = program.centre_of(program.find("212 P", "list item"))
+        xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", 60, 1)
+        wait_for(lambda: program.text("Ticket editor").startswith("Net÷5¬\nC005 "), "the ticket")
+        program.await_focus("Ticket editor")
+        program.quit()
+        program.await_end()
+    finally:
+        program.kill()
+
+
+def transfer(folder, path):
+    """Down to the simulated indicator, and up again from it."""
+    indicator = subprocess.Popen([INDICATOR], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                 text=True, bufsize=1)
+    said = []
+
+    def hear(pattern):
+        while not said or not re.search(pattern, said[-1]):
+            line = indicator.stdout.readline()
+            expect(line, f"the indicator never said {pattern!r}, but: {said}")
+            said.append(line)
+        return re.search(pattern, said[-1])
+
+    try:
+        port = hear(r"COM(\d+)").group(1)
+        with open(os.path.join(os.environ["XDG_CONFIG_HOME"], "VarnoTicketFormatter.ini"),
+                  "w", encoding="ascii") as settings:
+            settings.write(f'[Communications]\nCOM={port}\nSettings="115200,n,8,1"\n')
+        program = Program(PROGRAM, path)
+        try:
+            indicator.stdin.write("78\n")
+            program.keys("alt+v")
+            program.keys("d")
+            answer(program, "VarnoTicketFormatter", "Return")
+            hear(r"captured, 1 ticket")
+            program.keys("alt+v")
+            program.keys("u")
+            answer(program, "Warning", "Return")
+            wait_for(lambda: program.find_status().startswith("Start TICKET BUFFER"), "the prompt")
+            indicator.stdin.write("77\n")
+            wait_for(lambda: program.find_status() == "", "the end of the upload")
+            program.await_rows(["212 P"])
+            copy = os.path.join(folder, "Copy.VRB")
+            save_block(program, copy)
+            program.quit()
+            program.await_end()
+            expect(memory_of(copy) == memory_of(path), "the block came back changed")
+        finally:
+            program.kill()
+    finally:
+        indicator.stdin.close()
+        indicator.terminate()
+        indicator.wait()
+
+
+def main():
+    with tempfile.TemporaryDirectory() as folder:
+        os.environ["XDG_CONFIG_HOME"] = folder
+        os.environ["XDG_DATA_HOME"] = folder
+        path = write_first_ticket(folder)
+        find_it_again(path)
+        transfer(folder, path)
+    print("the whole program: written, found again, sent and received")
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except Failure as failure:
+        sys.exit(f"FAILED: {failure}")
