@@ -1,6 +1,5 @@
 #include "platform/qt/keys.h"
 
-#include <QGuiApplication>
 #include <array>
 
 namespace varno {
@@ -35,16 +34,6 @@ bool TypesDigit(const QKeyEvent& event) {
     return text.size() == 1 && text.at(0) >= u'0' && text.at(0) <= u'9';
 }
 
-// X11 and Wayland number the row of digit keys 10 to 19, from "1" to "0".
-int DigitRowKey(const QKeyEvent& event) {
-    const QString platform = QGuiApplication::platformName();
-    const auto scanCode = event.nativeScanCode();
-    if ((platform != u"xcb" && platform != u"wayland") || scanCode < 10 || scanCode > 19) {
-        return KeyNone;
-    }
-    return '0' + static_cast<int>((scanCode - 9) % 10);
-}
-
 }  // namespace
 
 int KeyCodeOf(const QKeyEvent& event) {
@@ -61,9 +50,7 @@ int KeyCodeOf(const QKeyEvent& event) {
             return named.code;
         }
     }
-    const bool shifted = event.modifiers().testFlag(Qt::ShiftModifier);
-    const int digit = shifted ? DigitRowKey(event) : static_cast<int>(KeyNone);
-    return digit != KeyNone ? digit : static_cast<int>(KeyOther);
+    return KeyOther;
 }
 
 int ShiftStateOf(const QKeyEvent& event) {
@@ -79,6 +66,11 @@ int ShiftStateOf(const QKeyEvent& event) {
         state += ShiftAlt;
     }
     return state;
+}
+
+bool IsModifierAlone(const QKeyEvent& event) {
+    const int key = event.key();
+    return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
 }
 
 bool IsTyping(const QKeyEvent& event) {

@@ -7,10 +7,13 @@
 
 namespace varno {
 
-// The key by what is printed on it, whatever the keyboard's language: a digit key counts as one
-// with Shift held as well, and where Shift types the digit, Shift does not count.
+// The key by what it types: a key that types another character with Shift is not the digit that is
+// printed on it, and where Shift types the digit, Shift does not count.
 int KeyCodeOf(const QKeyEvent& event);
 int ShiftStateOf(const QKeyEvent& event);
+
+// Shift, Ctrl and the like, pressed without another key. They mean nothing by themselves.
+bool IsModifierAlone(const QKeyEvent& event);
 
 // Whether the key would type its text into an editor.
 bool IsTyping(const QKeyEvent& event);

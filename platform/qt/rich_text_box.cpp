@@ -3,6 +3,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QTextBlock>
+#include <utility>
 
 #include "platform/qt/keys.h"
 #include "platform/qt/marked_cursor.h"
@@ -36,7 +37,9 @@ bool TicketEdit::event(QEvent* event) {
 }
 
 void TicketEdit::keyPressEvent(QKeyEvent* event) {
-    HandleKey(event, KeyCodeOf(*event));
+    if (!IsModifierAlone(*event)) {
+        HandleKey(event, KeyCodeOf(*event));
+    }
 }
 
 void TicketEdit::HandleKey(QKeyEvent* event, int keyCode) {
@@ -51,7 +54,11 @@ void TicketEdit::HandleKey(QKeyEvent* event, int keyCode) {
             return;
         case KeyFate::PassTwice:
             control_->AsOneStep([&] {
+                const int before = document()->characterCount();
                 ApplyKey(event);
+                if (document()->characterCount() == before) {
+                    return;  // the key found nothing to delete, such as Shift and Delete
+                }
                 QTextCursor cursor = textCursor();
                 keyCode == KeyDelete ? cursor.deleteChar() : cursor.deletePreviousChar();
                 setTextCursor(cursor);
@@ -76,7 +83,10 @@ void TicketEdit::ApplyKey(QKeyEvent* event) {
         control_->SetSelText(text.toStdU16String());
         return;
     }
-    QTextEdit::keyPressEvent(event);
+    // With Alt nothing is typed.
+    if (event->modifiers() != Qt::AltModifier || event->text().isEmpty()) {
+        QTextEdit::keyPressEvent(event);
+    }
 }
 
 void TicketEdit::keyReleaseEvent(QKeyEvent* event) {
@@ -158,6 +168,7 @@ void QtRichTextBox::SetContent(const MarkedText& content) {
     cursor.setBlockCharFormat(varno::ToQt(CharFormat{}));
     InsertMarked(cursor, content);
     cursor.endEditBlock();
+    afterStep_ = true;
     SetSelStart(0);
 }
 
@@ -201,13 +212,15 @@ void QtRichTextBox::SetSelText(std::u16string_view text) {
     piece.Append(text, typing_);
     const CharFormat format = typing_;
     QTextCursor cursor = widget_->textCursor();
-    if (cursor.hasSelection()) {
+    // Text typed behind a step of its own would join it: then undo would take both.
+    const bool asStep = std::exchange(afterStep_, false) || cursor.hasSelection();
+    if (asStep) {
         cursor.beginEditBlock();
-        cursor.removeSelectedText();
-        InsertMarked(cursor, piece);
+    }
+    cursor.removeSelectedText();
+    InsertMarked(cursor, piece);
+    if (asStep) {
         cursor.endEditBlock();
-    } else {
-        InsertMarked(cursor, piece);
     }
     widget_->setTextCursor(cursor);
     widget_->ensureCursorVisible();
@@ -225,6 +238,7 @@ void QtRichTextBox::AsOneStep(const std::function<void()>& change) {
     cursor.beginEditBlock();
     change();
     cursor.endEditBlock();
+    afterStep_ = true;
 }
 
 MarkedText QtRichTextBox::Selection() const {
@@ -238,6 +252,7 @@ void QtRichTextBox::Paste(const MarkedText& text) {
     cursor.removeSelectedText();
     InsertMarked(cursor, text);
     cursor.endEditBlock();
+    afterStep_ = true;
     widget_->setTextCursor(cursor);
     widget_->ensureCursorVisible();
 }

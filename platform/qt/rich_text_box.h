@@ -62,6 +62,7 @@ class QtRichTextBox final : public QtControl<RichTextBox, TicketEdit> {
     void TakeTypingFormatFromCaret();
 
     CharFormat typing_;
+    bool afterStep_ = false;  // the last change was a step of undo that is complete
 };
 
 }  // namespace varno

@@ -74,7 +74,7 @@ inline constexpr std::array KeyPictures{
     KeyPicture{"{r}C|", "12<BS>34", "{r}C134|"},
     KeyPicture{"{r}C|", "12<Click>34", "{r}C123{k}4|"},
     KeyPicture{"{r}C|", "12x34", "{r}C12{k}x34|"},
-    KeyPicture{"{r}C|", "12<S-7>34", "{r}C12/34|"},
+    KeyPicture{"{r}C|", "12/34", "{r}C12{k}/34|"},
     KeyPicture{"{r}C|", "12<C-S-F5>34", "{r}C123{k}4|"},
     KeyPicture{"{g}net |", "1234", "{g}net 123{k}4|"},
     KeyPicture{"a[{r}C0]{k}b", "7", "a{r}7|{k}b"},
