@@ -26,9 +26,18 @@ install_link(varno-tickets varno-tickets)
 
 install(FILES ${texts}/${package}.desktop DESTINATION share/applications)
 install(FILES ${texts}/${package}.mime.xml DESTINATION share/mime/packages RENAME ${package}.xml)
-install(FILES ${texts}/${package}.metainfo.xml DESTINATION share/metainfo)
+install(
+    FILES ${texts}/${package}.metainfo.xml
+    DESTINATION share/metainfo
+    RENAME invalid.example.VarnoTicketFormatter.metainfo.xml
+)
 install(DIRECTORY ${texts}/icons/ DESTINATION share/icons/hicolor)
 install(FILES ${texts}/debian/copyright DESTINATION share/doc/${package})
+install(
+    FILES ${texts}/debian/lintian-overrides
+    DESTINATION share/lintian/overrides
+    RENAME ${package}
+)
 install(
     DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION share/doc/${package}/examples
     FILES_MATCHING PATTERN "*.VRB" PATTERN "*.VRT"

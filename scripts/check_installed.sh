@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# scripts/check_installed.sh PREFIX: starts the installed program by its link on a sample block, and
+# fails unless its window, its catalogues and its tutorial are found. Needs a display.
+set -euo pipefail
+prefix="$1"
+
+HOME="$(mktemp -d)"
+export HOME
+unset XDG_CONFIG_HOME XDG_DATA_HOME
+program=
+finish() {
+    [[ -z $program ]] || kill "$program" 2>/dev/null || true
+    wait
+    rm -rf "$HOME"
+}
+trap finish EXIT
+
+await() {
+    timeout 30 xdotool search --sync --onlyvisible --name "$1" >/dev/null ||
+        { echo "The installed program shows no window \"$1\"." >&2; exit 1; }
+}
+
+"$prefix/bin/varno-ticket-formatter" \
+    "$prefix/share/doc/varno-ticket-formatter/examples/Plant.VRB" &
+program=$!
+await '^VarnoTicketFormatter 1\.0\.2$'
+sleep 0.5
+# A missing catalogue would bring a message box first, a missing tutorial no window.
+xdotool key alt+c
+await '^Varno Control Codes$'
+xdotool key Escape
+sleep 0.5
+xdotool key alt+h t
+await '^Tutorial$'
+"$prefix/bin/varno-tickets" show "$prefix/share/doc/varno-ticket-formatter/examples/Plant.VRB" 212 |
+    grep --quiet 'GROSS WEIGHT' || { echo "varno-tickets finds no catalogue." >&2; exit 1; }
