@@ -40,8 +40,8 @@ struct IconvName {
 
 // Code pages that the system calls by another name than "CP" and the number.
 constexpr std::array IconvNames = {
-    IconvName{CodePages::MacRoman, "MACINTOSH"},
-    IconvName{CodePages::Utf8, "UTF-8"},
+    IconvName{code_pages::MacRoman, "MACINTOSH"},
+    IconvName{code_pages::Utf8, "UTF-8"},
     IconvName{1361, "JOHAB"},
     IconvName{10001, "SHIFT_JIS"},
     IconvName{10002, "BIG5"},

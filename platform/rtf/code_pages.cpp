@@ -16,7 +16,7 @@ struct CharsetRow {
 
 constexpr std::array CharsetRows = {
     CharsetRow{0, 1252},
-    CharsetRow{2, CodePages::Symbol},
+    CharsetRow{2, code_pages::Symbol},
     CharsetRow{77, 10000},
     CharsetRow{78, 10001},
     CharsetRow{79, 10003},
@@ -42,8 +42,8 @@ constexpr std::array CharsetRows = {
     CharsetRow{204, 1251},
     CharsetRow{222, 874},
     CharsetRow{238, 1250},
-    CharsetRow{254, CodePages::Dos},
-    CharsetRow{255, CodePages::DosLatin1},
+    CharsetRow{254, code_pages::Dos},
+    CharsetRow{255, code_pages::DosLatin1},
 };
 
 // No honest document needs more; a damaged one may name thousands.
@@ -110,14 +110,14 @@ CodePageDecoder::Converter* CodePageDecoder::ConverterFor(int codePage) {
 void CodePageDecoder::Append(std::u16string& text, int codePage, std::string_view bytes) {
     const bool ascii = std::all_of(bytes.begin(), bytes.end(),
                                    [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-    if (codePage == CodePages::Symbol) {
+    if (codePage == code_pages::Symbol) {
         for (const char byte : bytes) {
             const auto code = static_cast<unsigned char>(byte);
             text += static_cast<char16_t>(code < 0x20 ? code : SymbolPlace + code);
         }
     } else if (ascii) {
         text.append(bytes.begin(), bytes.end());
-    } else if (codePage == CodePages::Windows1252) {
+    } else if (codePage == code_pages::Windows1252) {
         text += FromWindows1252(bytes);
     } else if (Converter* converter = ConverterFor(codePage)) {
         converter->Append(text, bytes);

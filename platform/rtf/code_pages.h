@@ -9,14 +9,14 @@
 
 namespace varno {
 
-namespace CodePages {
+namespace code_pages {
 inline constexpr int Symbol = 42;  // a font with pictures of its own instead of letters
 inline constexpr int Dos = 437;
 inline constexpr int DosLatin1 = 850;
 inline constexpr int Windows1252 = 1252;
 inline constexpr int MacRoman = 10000;
 inline constexpr int Utf8 = 65001;
-}  // namespace CodePages
+}  // namespace code_pages
 
 // The code page of a font's character set number. Absent: the font says nothing, the document's
 // own code page holds.

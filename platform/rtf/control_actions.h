@@ -7,7 +7,7 @@
 
 #include "platform/rtf/interpreter.h"
 
-namespace varno::RtfActions {
+namespace varno::rtf_actions {
 
 using In = RtfInterpreter;
 
@@ -186,7 +186,7 @@ void FontFamily(In& in, int) {
 inline void FontCodePage(In& in, int codePage) {
     if (in.State().destination == RtfDestination::FontTable) {
         in.Fonts().SetCodePage(codePage);
-        in.State().codePage = codePage == CodePages::Symbol ? in.DefaultCodePage() : codePage;
+        in.State().codePage = codePage == code_pages::Symbol ? in.DefaultCodePage() : codePage;
     }
 }
 
@@ -255,4 +255,4 @@ inline constexpr auto Background = SetColour<&RtfStyle::background>;
 inline constexpr auto EastAsian = SetFlag<&RtfGroupState::eastAsian>;
 inline constexpr auto TableBorder = SetFlag<&RtfGroupState::tableBorder>;
 
-}  // namespace varno::RtfActions
+}  // namespace varno::rtf_actions

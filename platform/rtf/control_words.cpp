@@ -8,7 +8,7 @@
 namespace varno {
 namespace {
 
-using namespace RtfActions;
+using namespace rtf_actions;
 
 // Words that do the same, separated by blanks.
 struct WordRow {
@@ -93,12 +93,12 @@ constexpr WordRow Rows[] = {
     {"brdrt brdrl brdrb brdrr box", {TableBorder}},
     {"brdrs brdrth brdrdb brdrdot brdrdash brdrhair", {Row<BorderKind>}},
     // Character sets and the tables at the head
-    {"ansi", {DocumentCharset<CodePages::Windows1252>}},
-    {"mac", {DocumentCharset<CodePages::MacRoman>}},
-    {"pc", {DocumentCharset<CodePages::Dos>}},
-    {"pca", {DocumentCharset<CodePages::DosLatin1>}},
-    {"urtf", {DocumentCharset<CodePages::Utf8>}},
-    {"ansicpg", {DocumentCodePage, CodePages::Windows1252}},
+    {"ansi", {DocumentCharset<code_pages::Windows1252>}},
+    {"mac", {DocumentCharset<code_pages::MacRoman>}},
+    {"pc", {DocumentCharset<code_pages::Dos>}},
+    {"pca", {DocumentCharset<code_pages::DosLatin1>}},
+    {"urtf", {DocumentCharset<code_pages::Utf8>}},
+    {"ansicpg", {DocumentCodePage, code_pages::Windows1252}},
     {"deff", {DefaultFont}},
     {"f", {Font}},
     {"fnil", {FontFamily<RtfFontFamily::Any>}},

@@ -30,7 +30,7 @@ struct RtfGroupState {
     bool eastAsian = false;
     bool eastAsianBold = false;
     bool eastAsianItalic = false;
-    int codePage = CodePages::Windows1252;
+    int codePage = code_pages::Windows1252;
     bool hidden = false;
     bool deleted = false;  // by a tracked change
 

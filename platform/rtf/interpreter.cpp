@@ -226,7 +226,7 @@ void RtfInterpreter::FlushBytes() {
 
 void RtfInterpreter::AddText(std::u16string_view text) {
     std::u16string mapped;
-    if (State().codePage == CodePages::Symbol && fonts_.IsSymbol(State().style.font)) {
+    if (State().codePage == code_pages::Symbol && fonts_.IsSymbol(State().style.font)) {
         mapped = SymbolFontText(text);
         text = mapped;
     }

@@ -73,7 +73,7 @@ class RtfInterpreter {
     std::size_t groupsTooDeep_ = 0;      // open ones without a state of their own
     int replacementsLeft_ = 0;           // characters that only stand in for a Unicode character
     int defaultFont_ = 0;
-    int defaultCodePage_ = CodePages::Windows1252;
+    int defaultCodePage_ = code_pages::Windows1252;
     std::string bytes_;           // of one code page, a character may be cut at their end
     std::u16string instruction_;  // of the field being read
 };

@@ -132,7 +132,7 @@ TEST(RtfDamage, HugeMeasuresAreHarmless) {
     const struct {
         std::string body;
         std::u16string expected;
-    } Cases[] = {
+    } cases[] = {
         {Repeated("{", Million) + "a" + Repeated("}", Million) + "b", u"ab"},
         {Repeated("{", Million) + "a", u"a"},
         {Repeated("{\\b", 100000) + " a" + Repeated("}", 100000) + "b", u"ab"},
@@ -145,7 +145,7 @@ TEST(RtfDamage, HugeMeasuresAreHarmless) {
         {"\\li2147483647\\fi-2147483648\\fs2147483647\\cf-2147483648 a", u"a"},
         {std::string(Million, 'a').insert(0, "\\"), u""},
     };
-    for (const auto& c : Cases) {
+    for (const auto& c : cases) {
         EXPECT_EQ(ReadBounded("{\\rtf1 " + c.body).Text(), c.expected) << c.body.substr(0, 60);
     }
 }
