@@ -11,5 +11,11 @@ if(Qt6_FOUND)
         window/start_close_test.cpp
         window/states_test.cpp
         LINKS app qtplatform Qt6::Test)
-    target_compile_definitions(window_test PRIVATE VARNO_CATALOGUES="${PROJECT_SOURCE_DIR}/samples")
+    varno_test(window_random_test
+        window/qt_main.cpp
+        window/random_test.cpp
+        LINKS app qtplatform Qt6::Test)
+    foreach(test window_test window_random_test)
+        target_compile_definitions(${test} PRIVATE VARNO_CATALOGUES="${PROJECT_SOURCE_DIR}/samples")
+    endforeach()
 endif()
