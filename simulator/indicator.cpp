@@ -9,7 +9,6 @@ namespace varno {
 
 namespace {
 
-constexpr int NoiseLength = 40;
 constexpr std::size_t HeardShown = 60;
 
 std::string Count(std::size_t count, const std::string& thing) {

@@ -11,6 +11,9 @@
 
 namespace varno {
 
+// Characters of one burst of noise.
+inline constexpr int NoiseLength = 40;
+
 class Indicator {
   public:
     // `image` is a well-formed ticket buffer image.

@@ -6,6 +6,9 @@
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 #endif
 
 namespace varno {
@@ -34,6 +37,11 @@ int QueuedBySystem(QSerialPort&) {
 bool HungUp(QSerialPort&) {
     return false;
 }  // Qt reports it
+bool WasOnlyBusy(const QSerialPort& port) {
+    return port.error() == QSerialPort::ResourceError &&
+           port.errorString() == QString::fromLocal8Bit(std::strerror(EAGAIN));
+}
+
 void DiscardStaleInput(QSerialPort& port) {
     port.clear(QSerialPort::Input);
 }
@@ -60,6 +68,11 @@ int QueuedBySystem(QSerialPort& port) {
 bool HungUp(QSerialPort& port) {
     pollfd device = {port.handle(), 0, 0};
     return ::poll(&device, 1, 0) > 0;  // without being asked it reports only that it has gone
+}
+
+bool WasOnlyBusy(const QSerialPort& port) {
+    return port.error() == QSerialPort::ResourceError &&
+           port.errorString() == QString::fromLocal8Bit(std::strerror(EAGAIN));
 }
 
 void DiscardStaleInput(QSerialPort& port) {

@@ -18,6 +18,8 @@ bool DeviceAllowed(const std::string& device);  // to be read and written by thi
 int QueuedBySystem(QSerialPort& port);
 // The device has gone away.
 bool HungUp(QSerialPort& port);
+// The error that Qt reports is only that the line took nothing at this moment; Qt tries again.
+bool WasOnlyBusy(const QSerialPort& port);
 // Forgets what arrived before the port was opened.
 void DiscardStaleInput(QSerialPort& port);
 

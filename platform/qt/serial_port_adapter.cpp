@@ -66,6 +66,7 @@ class SerialPortAdapter final : public SerialControl {
     void Connect();
     void Lose();
     int Unsent();
+    bool HasRoom(qint64 characters);
     void WaitWhile(const std::function<bool()>& condition);
 
     std::string portsFolder_;
@@ -77,6 +78,7 @@ class SerialPortAdapter final : public SerialControl {
     double secondsPerCharacter_ = 0;
     bool lost_ = false;  // the open device has failed; it is closed as soon as events run
     int opening_ = 0;    // counts openings and closings: what was queued before does not count
+    qint64 unsentAtMost_ = 0;  // spares asking the system for each character
     QSerialPort port_;
     QTimer hangUpWatch_;
 };
@@ -128,6 +130,7 @@ Error SerialPortAdapter::OpenPort() {
     }
     DiscardStaleInput(port_);
     lost_ = false;
+    unsentAtMost_ = 0;
     ++opening_;
     Connect();
     hangUpWatch_.start();
@@ -177,7 +180,7 @@ void SerialPortAdapter::Connect() {
         Qt::QueuedConnection);
     QObject::connect(&port_, &QSerialPort::errorOccurred, &hangUpWatch_,
                      [this](QSerialPort::SerialPortError error) {
-                         if (error != QSerialPort::NoError) {
+                         if (error != QSerialPort::NoError && !WasOnlyBusy(port_)) {
                              Lose();
                          }
                      });
@@ -206,7 +209,7 @@ void SerialPortAdapter::ClosePort() {
     ++opening_;
     hangUpWatch_.stop();
     QObject::disconnect(&port_, nullptr, nullptr, nullptr);
-    if (!lost_) {
+    if (!lost_ && Unsent() > 0) {
         port_.clear();  // or the system would go on sending, and closing would wait for it
     }
     port_.close();
@@ -218,23 +221,31 @@ Error SerialPortAdapter::Output(std::string_view characters) {
                      : name_ + " is not open.";
     }
     const auto count = static_cast<qint64>(characters.size());
-    if (Unsent() + count > OutBufferSize) {
+    if (!HasRoom(count)) {
         return name_ + " takes no more characters: the line stands still.";
     }
     if (port_.write(characters.data(), count) != count) {
         return name_ + " cannot send: " + port_.errorString().toStdString() + ".";
     }
+    unsentAtMost_ += count;
     return std::nullopt;
 }
 
 void SerialPortAdapter::WaitForRoom(int characters) {
-    WaitWhile([this, characters] { return Unsent() + characters > OutBufferSize; });
+    WaitWhile([this, characters] { return !HasRoom(characters); });
 }
 
 void SerialPortAdapter::Drain() {
     const double seconds = 2 * Unsent() * secondsPerCharacter_ + DrainSlackSeconds;
     const QDeadlineTimer deadline(static_cast<qint64>(seconds * 1000));
     WaitWhile([this, &deadline] { return Unsent() > 0 && !deadline.hasExpired(); });
+}
+
+bool SerialPortAdapter::HasRoom(qint64 characters) {
+    if (unsentAtMost_ + characters > OutBufferSize) {
+        unsentAtMost_ = Unsent();
+    }
+    return unsentAtMost_ + characters <= OutBufferSize;
 }
 
 int SerialPortAdapter::Unsent() {

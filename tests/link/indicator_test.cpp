@@ -96,7 +96,7 @@ TEST_F(IndicatorTest, TransmitsItsMemory) {
     EXPECT_EQ(indicator.TakeTransmission(), "");
     Run(" NOISE ");
     const std::string noise = indicator.TakeTransmission();
-    EXPECT_EQ(noise.size(), 40U);
+    EXPECT_EQ(noise.size(), static_cast<std::size_t>(NoiseLength));
     EXPECT_EQ(noise.find(':'), std::string::npos);
 }
 

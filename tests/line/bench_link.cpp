@@ -1,0 +1,155 @@
+// The speed of the link against the simulated indicator, which runs beside this program: how long
+// transfers take compared with the line itself, what they cost, and how long the window would have
+// to wait for its events meanwhile.
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/qt/serial_port_adapter.h"
+#include "tests/line/event_loop.h"
+#include "tests/link/link_window.h"
+#include "tests/link/scratch_folder.h"
+
+namespace varno {
+namespace {
+
+constexpr int WindowAnswersWithin = 50;  // milliseconds
+// What the indicator waits for: of a download the image without the fill.
+constexpr double DownloadCharacters = 8007;
+constexpr double UploadCharacters = 8009;
+
+class IndicatorProcess {
+  public:
+    IndicatorProcess() {
+        process_.start(QCoreApplication::applicationDirPath() + "/varno-indicator",
+                       {"--port", "1", "--ports-folder", Folder()});
+        Answer("COM1");
+    }
+    ~IndicatorProcess() {
+        process_.terminate();
+        process_.waitForFinished();
+    }
+    QString Folder() const { return QString::fromStdString(folder_.Path()); }
+
+    void Command(const QByteArray& line, const QByteArray& answer = {}) {
+        process_.write(line + "\n");
+        Answer(answer);
+    }
+    // Waits for it on the indicator's screen.
+    void Answer(const QByteArray& text) {
+        const bool came = WaitFor(
+            [&] { return (screen_ += process_.readAllStandardOutput()).contains(text); }, 30000);
+        if (!came) {
+            throw std::runtime_error("the indicator did not say " + text.toStdString());
+        }
+        screen_.remove(0, screen_.indexOf(text) + text.size());
+    }
+
+  private:
+    ScratchFolder folder_;
+    QProcess process_;
+    QByteArray screen_;
+};
+
+// The longest time between two turns of the event loop, and the most processor time of this program
+// between two turns; the former is longer where other programs take the processor. Milliseconds.
+class GapWatch {
+  public:
+    GapWatch() {
+        timer_.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&timer_, &QTimer::timeout,
+                         [this] { largest_ = std::max(largest_, since_.restart()); });
+        since_.start();
+        timer_.start(1);
+    }
+    void Print() const;
+
+  private:
+    QTimer timer_;
+    QElapsedTimer since_;
+    qint64 largest_ = 0;
+    std::clock_t lastUse_ = std::clock();
+    std::clock_t largestUse_ = 0;
+};
+
+void Print(const char* what, double value, double limit, const char* unit = "") {
+    std::printf("%-58s %7.3f%s (at most %g%s)%s\n", what, value, unit, limit, unit,
+                value <= limit ? "" : "  TOO MUCH");
+}
+
+void GapWatch::Print() const {
+    varno::Print("largest gap between turns of the event loop", static_cast<double>(largest_),
+                 WindowAnswersWithin, " ms");
+    varno::Print("  processor time in the largest gap",
+                 static_cast<double>(largestUse_) * 1000 / CLOCKS_PER_SEC, WindowAnswersWithin,
+                 " ms");
+}
+
+struct Bench {
+    IndicatorProcess indicator;
+    std::unique_ptr<SerialControl> port = MakeSerialControl(indicator.Folder().toStdString(), 8092);
+    LinkWindow window{*port};
+
+    Bench() {
+        window.platform.onDoEvents = [] { QCoreApplication::processEvents(); };
+        window.Load(TwoTickets());
+    }
+
+    // Until the indicator has captured. The program may be done earlier, since a pseudo-terminal
+    // takes characters that the line has still to carry.
+    double DownloadSeconds() {
+        indicator.Command("78", "capturing\n");
+        window.ExpectConfirmation(Answer::Ok);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        window.download.Transmit_Click();
+        indicator.Answer("captured, 2 tickets");
+        return static_cast<double>(elapsed.nsecsElapsed()) / 1e9;
+    }
+    double UploadSeconds() {
+        window.ExpectWarning(Answer::Ok);
+        window.upload.Retrieve_Click();
+        QElapsedTimer elapsed;
+        elapsed.start();
+        indicator.Command("77");
+        WaitFor([this] { return !port->PortOpen(); }, 30000);
+        return static_cast<double>(elapsed.nsecsElapsed()) / 1e9;
+    }
+
+    void Paced(int rate) {
+        indicator.Command("speed " + QByteArray::number(rate));
+        const GapWatch gaps;
+        const auto label = [rate](const char* what) {
+            return std::string(what) + " at " + std::to_string(rate) + " baud / time of the line";
+        };
+        Print(label("download").c_str(), DownloadSeconds() * rate / 10 / DownloadCharacters, 1.02);
+        Print(label("upload").c_str(), UploadSeconds() * rate / 10 / UploadCharacters, 1.02);
+        gaps.Print();
+    }
+    void Unpaced() {
+        indicator.Command("speed 0");
+        const GapWatch gaps;
+        const std::clock_t before = std::clock();
+        DownloadSeconds();
+        Print("unpaced download, processor time",
+              static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC, 0.3, " s");
+        gaps.Print();
+    }
+};
+
+}  // namespace
+}  // namespace varno
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    varno::Bench bench;
+    bench.Unpaced();
+    bench.Paced(115200);
+    bench.Paced(9600);
+}

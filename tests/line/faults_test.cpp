@@ -1,0 +1,191 @@
+// Faults of the line at chosen places of a transfer. Whatever happens, the transfer ends in its
+// proper state, nothing is asked or said that is not due, and the program comes to rest.
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+#include "link/progress.h"
+#include "tests/line/cable.h"
+#include "tests/link/link_window.h"
+
+namespace varno {
+namespace {
+
+constexpr int RestMilliseconds = 60;
+constexpr double RestingUse = 0.05;
+
+enum class Fault { Cut, StallThenAbort, SilenceThenEsc, Closing };
+constexpr std::pair<const char*, Fault> Faults[] = {{"cut", Fault::Cut},
+                                                    {"stall, then abort", Fault::StallThenAbort},
+                                                    {"silence, then Esc", Fault::SilenceThenEsc},
+                                                    {"closing the window", Fault::Closing}};
+
+// Passes everything on to a real port, one character at a time. Once the line has taken a certain
+// number of characters, something happens.
+class TrippedPort final : public SerialControl {
+  public:
+    TrippedPort(SerialControl& port, std::size_t at, std::function<void()> trip)
+        : port_(port), at_(at), trip_(std::move(trip)) {
+        port_.OnReceive = [this] { OnReceive(); };
+    }
+
+    int CommPort() const override { return port_.CommPort(); }
+    Error SetCommPort(int port) override { return port_.SetCommPort(port); }
+    std::string Settings() const override { return port_.Settings(); }
+    Error SetSettings(const std::string& settings) override { return port_.SetSettings(settings); }
+    bool PortOpen() const override { return port_.PortOpen(); }
+    Error OpenPort() override {
+        Error error = port_.OpenPort();
+        Trip();
+        return error;
+    }
+    void ClosePort() override { port_.ClosePort(); }
+    Error Output(std::string_view characters) override {
+        for (const char character : characters) {
+            if (Error error = port_.Output({&character, 1})) {
+                return error;
+            }
+            ++handedOver_;
+            Trip();
+        }
+        return std::nullopt;
+    }
+    void WaitForRoom(int characters) override { port_.WaitForRoom(characters); }
+    void Drain() override { port_.Drain(); }
+    std::string Input() override { return port_.Input(); }
+
+    std::size_t HandedOver() const { return handedOver_; }
+
+  private:
+    void Trip() {
+        if (handedOver_ == at_ && trip_) {
+            port_.Drain();
+            std::exchange(trip_, nullptr)();
+        }
+    }
+
+    SerialControl& port_;
+    std::size_t at_;
+    std::function<void()> trip_;
+    std::size_t handedOver_ = 0;
+};
+
+struct FaultyDownload {
+    FaultyDownload(Fault fault, std::size_t at)
+        : tripped(*port, at, [this, fault] { Happen(fault); }), window(tripped) {
+        window.Load(TwoTickets());
+        window.platform.onDoEvents = [] { QCoreApplication::processEvents(); };
+        abortWhenStuck.setInterval(2);
+        QObject::connect(&abortWhenStuck, &QTimer::timeout, [this] {
+            if (std::exchange(handedOver, tripped.HandedOver()) == tripped.HandedOver()) {
+                window.transfer.Abort_Click();
+                abortWhenStuck.stop();
+            }
+        });
+    }
+
+    void Happen(Fault fault) {
+        happened = true;
+        switch (fault) {
+            case Fault::Cut:
+                return cable.Cut();
+            case Fault::StallThenAbort:
+                cable.Stall();
+                return abortWhenStuck.start();
+            case Fault::SilenceThenEsc:
+                return QTimer::singleShot(0, [this] { window.transfer.Form_KeyPress(27); });
+            case Fault::Closing:
+                return QTimer::singleShot(0, [this] { window.transfer.Stop(); });
+        }
+    }
+
+    bool happened = false;
+    Cable cable;
+    std::unique_ptr<SerialControl> port = cable.MakePort();
+    TrippedPort tripped;
+    LinkWindow window;
+    QTimer abortWhenStuck;
+    std::size_t handedOver = 0;
+};
+
+TEST(Faults, EndADownload) {
+    double worst = 0;
+    for (const auto& [name, fault] : Faults) {
+        for (const std::size_t at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007, 8008, 8368}) {
+            SCOPED_TRACE(testing::Message() << name << " at " << at);
+            FaultyDownload run(fault, at);
+            run.window.ExpectConfirmation(Answer::Ok);
+            run.window.download.Transmit_Click();
+            EXPECT_TRUE(run.happened);
+            EXPECT_FALSE(run.port->PortOpen());
+            EXPECT_EQ(run.window.Message.Caption(), "");
+            EXPECT_EQ(run.window.log.back(), "transfer ended");
+            EXPECT_EQ(run.window.block.TicketBuffer, TwoTickets());
+            if (fault != Fault::Closing && at < ImageLength) {
+                EXPECT_EQ(run.window.Message.painted.back(), TransmittingText(100));
+            }
+            // Abort bites at once: no more than what was in flight goes on.
+            EXPECT_LE(run.tripped.HandedOver(), at + 2 * SerialControl::OutBufferSize);
+            const double use = ProcessorUse(RestMilliseconds);
+            EXPECT_LT(use, RestingUse);
+            worst = std::max(worst, use);
+        }
+    }
+    std::cout << "largest processor use after a download: " << worst << '\n';
+}
+
+struct FaultyUpload {
+    FaultyUpload() { window.upload.Retrieve_Click(); }
+    // Lets the indicator send so many characters of its image, and no more.
+    void Receive(std::size_t count) {
+        cable.Wire().StallAfter(static_cast<int>(count));
+        cable.indicator.Transmit();
+        cable.Step();
+        EXPECT_TRUE(WaitFor([&] { return window.block.TicketBuffer.size() == count; }));
+    }
+    void Happen(Fault fault) {
+        switch (fault) {
+            case Fault::Cut:
+                return cable.Cut();
+            case Fault::StallThenAbort:
+                return window.transfer.Abort_Click();
+            case Fault::SilenceThenEsc:
+                return window.transfer.Form_KeyPress(27);
+            case Fault::Closing:
+                return window.transfer.Stop();
+        }
+    }
+
+    Cable cable{TwoTickets()};
+    std::unique_ptr<SerialControl> port = cable.MakePort();
+    LinkWindow window{*port};
+};
+
+TEST(Faults, EndAnUpload) {
+    double worst = 0;
+    for (const auto& [name, fault] : Faults) {
+        for (const std::size_t at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007}) {
+            SCOPED_TRACE(testing::Message() << name << " at " << at);
+            FaultyUpload run;
+            run.Receive(at);
+            const std::string caption = run.window.Message.Caption();
+            EXPECT_EQ(caption.starts_with("Receiving"), at > 0) << caption;
+            run.Happen(fault);
+            EXPECT_TRUE(WaitFor([&] { return !run.port->PortOpen(); }));
+            EXPECT_EQ(run.window.block.TicketBuffer, TwoTickets().substr(0, at));
+            const double use = ProcessorUse(RestMilliseconds);
+            EXPECT_LT(use, RestingUse);
+            worst = std::max(worst, use);
+            if (fault == Fault::Cut) {  // it waits for Abort, as it does for a silent indicator
+                EXPECT_EQ(run.window.Message.Caption(), caption);
+                run.window.transfer.Abort_Click();
+            }
+            EXPECT_EQ(run.window.Message.Caption(), "");
+            EXPECT_EQ(run.window.log.back(), "transfer ended");
+        }
+    }
+    std::cout << "largest processor use after an upload: " << worst << '\n';
+}
+
+}  // namespace
+}  // namespace varno

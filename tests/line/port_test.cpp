@@ -1,0 +1,169 @@
+// The serial control itself, on a pseudo-terminal.
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+
+#include "tests/line/cable.h"
+
+namespace varno {
+namespace {
+
+struct PortTest : testing::Test {
+    Cable cable;
+    std::unique_ptr<SerialControl> port = cable.MakePort();
+    std::string received;
+
+    PortTest() {
+        port->OnReceive = [this] { received += port->Input(); };
+    }
+    void Send(const std::string& characters) {
+        for (const char character : characters) {
+            port->WaitForRoom(1);
+            ASSERT_FALSE(port->Output({&character, 1}));
+        }
+    }
+};
+
+TEST_F(PortTest, RefusesWhatItCannotBeSetTo) {
+    ASSERT_FALSE(port->SetCommPort(256));
+    EXPECT_TRUE(port->SetCommPort(0));
+    EXPECT_TRUE(port->SetCommPort(257));
+    EXPECT_EQ(port->CommPort(), 256);
+    ASSERT_FALSE(port->SetSettings("115200,e,7,2"));
+    EXPECT_TRUE(port->SetSettings("115200,e,7,3"));
+    EXPECT_EQ(port->Settings(), "115200,e,7,2");
+}
+
+TEST_F(PortTest, SaysWhyItDoesNotOpen) {
+    ASSERT_FALSE(port->OpenPort());
+    EXPECT_NE(port->OpenPort()->find("open already"), std::string::npos);
+
+    const auto other = cable.MakePort();
+    const Error busy = other->OpenPort();
+    ASSERT_TRUE(busy);
+    EXPECT_NE(busy->find("in use by another program"), std::string::npos) << *busy;
+
+    port->ClosePort();
+    EXPECT_FALSE(other->OpenPort());
+    other->ClosePort();
+
+    const int number = port->CommPort();
+    ASSERT_FALSE(port->SetCommPort(250));
+    const Error missing = port->OpenPort();
+    ASSERT_TRUE(missing);
+    EXPECT_TRUE(missing->starts_with("There is no COM250")) << *missing;
+    EXPECT_NE(missing->find("COM" + std::to_string(number) + " (/dev/pts/"), std::string::npos);
+    EXPECT_FALSE(port->PortOpen());
+    EXPECT_TRUE(port->Output("x"));
+}
+
+TEST_F(PortTest, ForgetsWhatCameBeforeItWasOpened) {
+    cable.indicator.Transmit();  // more than the system's first buffer holds
+    cable.Step();
+    ASSERT_FALSE(port->OpenPort());
+    cable.indicator.Transmit();
+    cable.Step();
+    ASSERT_TRUE(WaitFor([&] { return received.size() >= 8009; }));
+    EXPECT_EQ(received, NewTicketBuffer() + "\r\n");
+}
+
+TEST_F(PortTest, LosesNothingWhileNobodyReads) {
+    std::string expected;
+    std::string read;
+    port->OnReceive = nullptr;
+    ASSERT_FALSE(port->OpenPort());
+    cable.indicator.Transmit();
+    cable.indicator.SendNoise();
+    cable.indicator.SendNoise();
+    cable.Step();
+    EXPECT_TRUE(WaitFor([&] { return (read += port->Input()).size() >= 8089; }));
+    EXPECT_TRUE(read.starts_with(NewTicketBuffer() + "\r\n"));
+}
+
+TEST_F(PortTest, TakesABurstInPieces) {
+    constexpr std::size_t transmissions = 131;  // 1 MB
+    port = cable.MakePort(1024);
+    std::size_t largest = 0;
+    port->OnReceive = [&] {
+        const std::string piece = port->Input();
+        largest = std::max(largest, piece.size());
+        received += piece;
+    };
+    ASSERT_FALSE(port->OpenPort());
+    std::string expected;
+    for (std::size_t i = 0; i < transmissions; ++i) {
+        cable.indicator.Transmit();
+        expected += NewTicketBuffer() + "\r\n";
+    }
+    cable.Step();
+    EXPECT_TRUE(WaitFor([&] { return received.size() >= expected.size(); }));
+    EXPECT_EQ(received, expected);
+    EXPECT_LE(largest, 1024U);
+}
+
+TEST_F(PortTest, HoldsTheSenderBackAndDiscardsOnClosing) {
+    ASSERT_FALSE(port->OpenPort());
+    cable.Stall();
+    Send(std::string(512, 'x'));
+    const Error full = port->Output("y");
+    ASSERT_TRUE(full);
+    EXPECT_NE(full->find("stands still"), std::string::npos);
+
+    bool waiting = true;
+    QTimer::singleShot(0, [&] {
+        EXPECT_TRUE(waiting);
+        port->ClosePort();
+    });
+    port->WaitForRoom(1);
+    waiting = false;
+    EXPECT_FALSE(port->PortOpen());
+    cable.Wire().Resume();
+    cable.Step();
+    EXPECT_EQ(cable.Heard(), "");
+
+    ASSERT_FALSE(port->OpenPort());
+    Send("z");
+    port->Drain();
+    EXPECT_TRUE(WaitFor([&] { return cable.Heard() == "received 1 character: z\n"; }));
+}
+
+TEST_F(PortTest, DrainsUntilTheLineHasTakenAllOrTimeIsUp) {
+    ASSERT_FALSE(port->SetSettings("1200,n,8,1"));
+    ASSERT_FALSE(port->OpenPort());
+    cable.Stall();
+    Send(std::string(60, 'x'));  // half a second on the line
+    QElapsedTimer elapsed;
+    elapsed.start();
+    port->Drain();
+    EXPECT_GE(elapsed.elapsed(), 1900);
+    EXPECT_LE(elapsed.elapsed(), 4000);
+    EXPECT_TRUE(port->PortOpen());
+
+    QTimer::singleShot(0, [&] {
+        cable.Wire().Resume();
+        cable.Step();
+    });
+    elapsed.restart();
+    port->Drain();
+    EXPECT_LE(elapsed.elapsed(), 1900);
+    EXPECT_TRUE(WaitFor([&] { return cable.Heard().starts_with("received 60"); }));
+}
+
+TEST_F(PortTest, TakesTheFirstErrorForTheLast) {
+    ASSERT_FALSE(port->OpenPort());
+    cable.Cut();
+    EXPECT_TRUE(WaitFor([&] { return !port->PortOpen(); }));
+    EXPECT_LT(ProcessorUse(300), 0.05);
+    const Error gone = port->Output("x");
+    ASSERT_TRUE(gone);
+    EXPECT_NE(gone->find("gone away"), std::string::npos) << *gone;
+    EXPECT_TRUE(port->OpenPort()->starts_with("There is no COM"));
+
+    // The cable is plugged in again by itself.
+    EXPECT_TRUE(WaitFor([&] { return !port->OpenPort(); }));
+    Send("back");
+    EXPECT_TRUE(WaitFor([&] { return cable.Heard() == "received 4 characters: back\n"; }));
+}
+
+}  // namespace
+}  // namespace varno

@@ -1,0 +1,130 @@
+// Whole transfers over a pseudo-terminal, without faults.
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <random>
+
+#include "tests/line/cable.h"
+#include "tests/link/link_window.h"
+
+namespace varno {
+namespace {
+
+struct TransfersTest : testing::Test {
+    Cable cable;
+    std::unique_ptr<SerialControl> port = cable.MakePort();
+    LinkWindow window{*port};
+
+    TransfersTest() {
+        // A turn for every 16th character is enough here, and saves most of the time.
+        window.platform.onDoEvents = [turn = 0]() mutable {
+            if (++turn % 16 == 0) {
+                QCoreApplication::processEvents();
+            }
+        };
+    }
+    void Download() {
+        window.ExpectConfirmation(Answer::Ok);
+        window.download.Transmit_Click();
+    }
+    void StartUpload() {
+        if (window.TicketList.ListCount() > 0) {
+            window.ExpectWarning(Answer::Ok);
+        }
+        window.upload.Retrieve_Click();
+    }
+    bool UploadEnds() {
+        return WaitFor([this] { return window.log.back() == "upload ended"; });
+    }
+    void Transmit() {
+        cable.indicator.Transmit();
+        cable.Step();
+    }
+};
+
+// Memories of any length and content: what is in them is no concern of the line.
+std::string RandomImage(unsigned seed) {
+    std::mt19937 random(seed);
+    std::string memory(random() % (MemoryDigits + 1), '0');
+    for (char& digit : memory) {
+        digit = "0123456789ABCDEF"[random() % 16];
+    }
+    return SealTicketBuffer(memory);
+}
+
+TEST_F(TransfersTest, BlocksComeBackEqual) {
+    for (unsigned seed = 1; seed <= 200; ++seed) {
+        SCOPED_TRACE(seed);
+        const std::string image = RandomImage(seed);
+        window.Load(image);
+        cable.indicator.StartCapture();
+        Download();
+        EXPECT_TRUE(WaitFor([&] { return cable.indicator.Memory() == image; }));
+        const auto rows = window.TicketList.Rows();
+        StartUpload();
+        Transmit();
+        EXPECT_TRUE(UploadEnds());
+        EXPECT_TRUE(window.block.TicketBuffer == image);
+        EXPECT_EQ(window.TicketList.Rows(), rows);
+    }
+}
+
+TEST_F(TransfersTest, UploadArrivesInWhateverPieces) {
+    const struct {
+        const char* name;
+        int speed;
+        int noises;
+        std::size_t startedBefore;  // characters of a transmission that is begun again
+    } table[] = {
+        {"as fast as it goes", 0, 0, 0},
+        {"a few characters at a time", 230400, 0, 0},
+        {"noise before", 0, 3, 0},
+        {"a restart in the middle", 0, 0, 4001},
+        {"noise and a restart", 460800, 1, 100},
+    };
+    const std::string image = RandomImage(7);
+    window.Load(image);
+    cable.indicator.StartCapture();
+    Download();
+    ASSERT_TRUE(WaitFor([&] { return cable.indicator.Memory() == image; }));
+    for (const auto& row : table) {
+        SCOPED_TRACE(row.name);
+        StartUpload();
+        for (int i = 0; i < row.noises; ++i) {
+            cable.indicator.SendNoise();
+        }
+        if (row.startedBefore > 0) {
+            cable.indicator.Transmit();
+            cable.Wire().StallAfter(row.noises * NoiseLength + static_cast<int>(row.startedBefore));
+            cable.Step();
+            EXPECT_TRUE(
+                WaitFor([&] { return window.block.TicketBuffer.size() == row.startedBefore; }));
+            cable.Wire().Repair();
+        }
+        cable.Wire().SetSpeed(row.speed);
+        Transmit();
+        EXPECT_TRUE(UploadEnds());
+        EXPECT_TRUE(window.block.TicketBuffer == image);
+        EXPECT_FALSE(port->PortOpen());
+        window.log.push_back("next");
+    }
+}
+
+TEST_F(TransfersTest, DownloadGoesAtTheSpeedOfTheLine) {
+    constexpr int speed = 230400;
+    const std::string image = RandomImage(9);
+    window.Load(image);
+    cable.Wire().SetSpeed(speed);
+    cable.indicator.StartCapture();
+    QElapsedTimer elapsed;
+    elapsed.start();
+    Download();
+    const double lineSeconds = static_cast<double>(ImageLength + Fill().size()) * 10 / speed;
+    // What is in flight at the end, on the way and in one held-back piece, need not be waited for.
+    const double inFlightSeconds = 2.0 * SerialControl::OutBufferSize * 10 / speed;
+    EXPECT_GT(static_cast<double>(elapsed.elapsed()) / 1000, lineSeconds - inFlightSeconds);
+    EXPECT_TRUE(WaitFor([&] { return cable.indicator.Memory() == image; }));
+}
+
+}  // namespace
+}  // namespace varno
