@@ -33,6 +33,10 @@ constexpr int MinimumHeight = 2400;
 
 }  // namespace
 
+const WindowDesign& TutorialDesign() {
+    return Design;
+}
+
 void Tutorial::ShowTutorial_Click() {
     if (window_ == nullptr && !Form_Load()) {
         window_.reset();

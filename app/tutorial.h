@@ -9,6 +9,8 @@ namespace varno {
 
 inline constexpr const char* TutorialName = "Varno Ticket Formatter Tutorial.rtf";
 
+const WindowDesign& TutorialDesign();
+
 class Tutorial {
   public:
     explicit Tutorial(Platform& platform) : platform_(platform) {}

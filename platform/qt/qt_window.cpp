@@ -247,8 +247,13 @@ void QtWindow::SetOuterPlace(const Place& place) {
     shell_.move(reachable.topLeft());
 }
 
+// Rounded up: a window of the minimum size is not smaller than it.
 void QtWindow::SetMinimumSize(int outerWidth, int outerHeight) {
-    const QSize client(ToPixels(outerWidth - FrameWidth), ToPixels(outerHeight - frameHeight_));
+    const auto roundUp = [](int twips) {
+        const int pixels = ToPixels(twips);
+        return ToTwips(pixels) < twips ? pixels + 1 : pixels;
+    };
+    const QSize client(roundUp(outerWidth - FrameWidth), roundUp(outerHeight - frameHeight_));
     client_->setMinimumSize(client);
     shell_.setMinimumSize(client + QSize(0, MenuBarHeight()));
 }

@@ -71,6 +71,7 @@ TEST_F(FileMenu, BlockGoesToDiskAndComesBack) {
     EXPECT_EQ(window.Rows(), "212");
     operatorScript.ExpectSave(Chosen(folder, "Plant.VRB"));
     window.Choose("SaveList");
+    ASSERT_FALSE(operatorScript.fileDialogs.empty());
     EXPECT_EQ(operatorScript.fileDialogs.back().fileName, " .VRB");
     EXPECT_EQ(window.Caption("ListName"), "Plant");
     EXPECT_FALSE(State().block.BlockChanged);

@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QListWidget>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
 #include <fstream>
@@ -83,7 +84,17 @@ class MainWindow {
         return found;
     }
 
-    void Choose(const char* menuItem) { Widget<QAction>(menuItem)->trigger(); }
+    // As the operator does: the menu opens first, and only an offered item can be chosen.
+    void Choose(const char* menuItem) {
+        auto* item = Widget<QAction>(menuItem);
+        for (QObject* place : item->associatedObjects()) {
+            if (auto* menu = qobject_cast<QMenu*>(place)) {
+                emit menu->aboutToShow();
+            }
+        }
+        EXPECT_TRUE(item->isEnabled() && item->isVisible()) << menuItem;
+        item->trigger();
+    }
     void Click(const char* button) { QTest::mouseClick(Widget<QWidget>(button), Qt::LeftButton); }
     // Types into whatever has the focus.
     void Type(const QString& text) { QTest::keyClicks(QApplication::focusWidget(), text); }

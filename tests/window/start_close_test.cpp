@@ -24,14 +24,15 @@ TEST_F(StartAndClose, FirstStartAndWhatIsWrittenAtItsEnd) {
         MainWindow window(folder);
         window.Start();
         EXPECT_EQ(window.form.MainWindow().Caption(), "VarnoTicketFormatter 1.0.2");
-        EXPECT_EQ(window.form.MainWindow().OuterPlace(), (Place{0, 0, 7725, 5600}));
+        EXPECT_EQ(window.form.MainWindow().OuterPlace(), (Place{0, 0, 7725, 5610}))
+            << "the minimum, in whole pixels of 15 twips";
         EXPECT_FALSE(window.form.State().TicketChanged);
         window.Choose("Exit");
         EXPECT_TRUE(window.platform.hasQuit);
     }
     for (const char* line :
          {"LoadTicket=", "SaveTicket=", "LoadList=", "SaveList=", "COM=1",
-          "Settings=\"9600,n,8,1\"", "State=0", "Top=0", "Left=0", "Width=7725", "Height=5600"}) {
+          "Settings=\"9600,n,8,1\"", "State=0", "Top=0", "Left=0", "Width=7725", "Height=5610"}) {
         EXPECT_TRUE(Stored(line)) << line << " in\n" << Settings();
     }
 }
@@ -56,10 +57,12 @@ TEST_F(StartAndClose, KeepsThePlaceOfTheNormalState) {
         WriteText(folder.Path("VarnoTicketFormatter.ini"),
                   "[WindowSize]\nTop=450\nLeft=300\nWidth=9000\nHeight=7500\nState=" +
                       std::to_string(static_cast<int>(state)) + "\n");
-        MainWindow window(folder);
-        window.Start();
-        EXPECT_EQ(window.form.MainWindow().State(), state);
-        window.Choose("Exit");
+        {
+            MainWindow window(folder);
+            window.Start();
+            EXPECT_EQ(window.form.MainWindow().State(), state);
+            window.Choose("Exit");
+        }
         EXPECT_TRUE(Stored("Top=450") && Stored("Left=300")) << Settings();
         EXPECT_TRUE(Stored("Width=9000") && Stored("Height=7500")) << Settings();
         EXPECT_TRUE(Stored("State=" + std::to_string(static_cast<int>(state)))) << Settings();
@@ -75,14 +78,16 @@ TEST_F(StartAndClose, BearsDamagedSettings) {
             folder.Path("VarnoTicketFormatter.ini"),
             "[Communications]\n" + std::string(communications) +
                 "\n[WindowSize]\nTop=-900000\nLeft=7000000\nWidth=wide\nHeight=-5\nState=9\n");
-        MainWindow window(folder);
-        window.Start();
-        const Place place = window.form.MainWindow().OuterPlace();
-        EXPECT_EQ(place.width, 7725);
-        EXPECT_EQ(place.height, 5600);
-        EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().intersects(
-            window.Shell()->frameGeometry()));
-        window.Choose("Exit");
+        {
+            MainWindow window(folder);
+            window.Start();
+            const Place place = window.form.MainWindow().OuterPlace();
+            EXPECT_EQ(place.width, 7725);
+            EXPECT_EQ(place.height, 5610);
+            EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().intersects(
+                window.Shell()->frameGeometry()));
+            window.Choose("Exit");
+        }
         EXPECT_TRUE(Stored("COM=1") && Stored("Settings=\"9600,n,8,1\"")) << Settings();
     }
 }
@@ -133,19 +138,21 @@ TEST_F(StartAndClose, SaysWhichFileOfTheCommandLineCannotBeOpened) {
 }
 
 TEST_F(StartAndClose, AsksAboutUnsavedWork) {
-    MainWindow window(folder);
-    window.Start();
-    window.TypeTicket("AB");
-    window.Put("212");
-    FakeDialogs& script = window.platform.dialogs;
-    script.Expect(SaveTicketQuestion, Answer::Yes);
-    script.ExpectSave(std::nullopt);  // cancelled: asks again
-    script.Expect(SaveTicketQuestion, Answer::No);
-    script.Expect(SaveBlockQuestion, Answer::Yes);
-    script.ExpectSave(ChosenFile{folder.Path("Plant.VRB"), "Plant.VRB"});
-    window.Choose("Exit");
-    script.ExpectNoMore();
-    EXPECT_TRUE(window.platform.hasQuit);
+    {
+        MainWindow window(folder);
+        window.Start();
+        window.TypeTicket("AB");
+        window.Put("212");
+        FakeDialogs& script = window.platform.dialogs;
+        script.Expect(SaveTicketQuestion, Answer::Yes);
+        script.ExpectSave(std::nullopt);  // cancelled: asks again
+        script.Expect(SaveTicketQuestion, Answer::No);
+        script.Expect(SaveBlockQuestion, Answer::Yes);
+        script.ExpectSave(ChosenFile{folder.Path("Plant.VRB"), "Plant.VRB"});
+        window.Choose("Exit");
+        script.ExpectNoMore();
+        EXPECT_TRUE(window.platform.hasQuit);
+    }
     EXPECT_EQ(FileText(folder.Path("Plant.VRB")).size(), 8009U);
     EXPECT_TRUE(Stored("SaveList=" + folder.Folder())) << Settings();
 }

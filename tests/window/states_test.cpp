@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QLineEdit>
 #include <QMenu>
 
 #include "tests/window/main_window.h"
@@ -126,9 +127,10 @@ TEST_F(States, NumberBoxTakesThreeDigits) {
     window.Type("2a1-2x34");
     EXPECT_EQ(box->text(), "212");
     box->clear();
-    QGuiApplication::clipboard()->setText("no 2 1 2 7");
+    QGuiApplication::clipboard()->setText("-21");
     box->paste();
-    EXPECT_EQ(box->text(), "212");
+    EXPECT_EQ(box->text(), "21");
+    window.Type("2");
     EXPECT_EQ(window.Widget<QWidget>("PutButton")->toolTip(), "Put ticket 212 into ticket block.");
 }
 

@@ -3,7 +3,7 @@ if(Qt6_FOUND)
     varno_test(window_editor_test
         window/editor_test.cpp
         window/qt_main.cpp
-        LINKS editor qtplatform Qt6::Test)
+        LINKS app qtplatform Qt6::Test)
     varno_test(window_test
         window/files_test.cpp
         window/look_test.cpp
@@ -15,7 +15,7 @@ if(Qt6_FOUND)
         window/qt_main.cpp
         window/random_test.cpp
         LINKS app qtplatform Qt6::Test)
-    foreach(test window_test window_random_test)
+    foreach(test window_editor_test window_test window_random_test)
         target_compile_definitions(${test} PRIVATE VARNO_CATALOGUES="${PROJECT_SOURCE_DIR}/samples")
     endforeach()
 endif()
