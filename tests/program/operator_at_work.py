@@ -85,19 +85,25 @@ class Program:
 
     # What assistive technology sees
 
-    def find(self, name, role=None):
+    def find_if(self, fits, what):
         def search(node):
             for child in node:
                 if child is None:
                     continue
-                if child.name == name and (role is None or child.getRoleName() == role):
+                if fits(child):
                     return child
                 found = search(child)
                 if found:
                     return found
             return None
 
-        return wait_for(lambda: search(self.root), f"{role or 'control'} {name!r}")
+        return wait_for(lambda: search(self.root), what)
+
+    def find(self, name, role=None):
+        def fits(node):
+            return node.name == name and (role is None or node.getRoleName() == role)
+
+        return self.find_if(fits, f"{role or 'control'} {name!r}")
 
     def text(self, name):
         control = self.find(name)
@@ -106,19 +112,16 @@ class Program:
     def rows(self, name="Tickets"):
         return [row.name for row in self.find(name, "list")]
 
-    def find_status(self):
-        """The text of the status label; its description tells it from other labels."""
+    def status(self):
+        """The text of the status label."""
+        return self.find_if(lambda node: node.description == "Status", "the status label").name
 
-        def search(node):
-            for child in node:
-                if child and child.description == "Status":
-                    return child
-                found = child and search(child)
-                if found:
-                    return found
-            return None
-
-        return wait_for(lambda: search(self.root), "the status label").name
+    def await_message(self, text):
+        """Waits for a message box that begins with this text."""
+        self.find_if(
+            lambda node: node.getRoleName() == "label" and node.name.startswith(text),
+            f"the message {text!r}",
+        )
 
     def has_state(self, name, state, role=None):
         return self.find(name, role).getState().contains(state)

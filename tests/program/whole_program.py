@@ -53,8 +53,8 @@ def save_block(program, path):
     program.await_window("VarnoTicketFormatter 1.0.2")
 
 
-def answer(program, title, key):
-    program.await_window(title)
+def answer(program, message, key):
+    program.await_message(message)
     program.keys(key)
 
 
@@ -94,7 +94,7 @@ def write_first_ticket(folder):
         program.await_rows(["212  P"])
         save_block(program, path)
         program.quit()
-        answer(program, "Ticket changed", "alt+n")
+        answer(program, "Save the current ticket?", "alt+n")
         program.await_end()
     finally:
         program.kill()
@@ -150,14 +150,14 @@ def transfer(folder, path):
             indicator.stdin.write("78\n")
             program.keys("alt+v")
             program.keys("d")
-            answer(program, "VarnoTicketFormatter", "Return")
+            answer(program, "Start TICKET BUFFER CAPTURING", "Return")
             hear(r"captured, 1 ticket")
             program.keys("alt+v")
             program.keys("u")
-            answer(program, "Warning", "Return")
-            wait_for(lambda: program.find_status().startswith("Start TICKET BUFFER"), "the prompt")
+            answer(program, "Items in ticket block will be lost.", "Return")
+            wait_for(lambda: program.status().startswith("Start TICKET BUFFER"), "the prompt")
             indicator.stdin.write("77\n")
-            wait_for(lambda: program.find_status() == "", "the end of the upload")
+            wait_for(lambda: program.status() == "", "the end of the upload")
             program.await_rows(["212 P"])
             copy = os.path.join(folder, "Copy.VRB")
             save_block(program, copy)
