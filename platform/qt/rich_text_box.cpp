@@ -63,6 +63,7 @@ void TicketEdit::HandleKey(QKeyEvent* event, int keyCode) {
                 keyCode == KeyDelete ? cursor.deleteChar() : cursor.deletePreviousChar();
                 setTextCursor(cursor);
             });
+            control_->SetSelStart(control_->SelStart());  // typing goes on as from there
             return;
     }
 }
@@ -237,7 +238,9 @@ void QtRichTextBox::AsOneStep(const std::function<void()>& change) {
     QTextCursor cursor(widget_->document());
     cursor.beginEditBlock();
     change();
+    const CharFormat format = typing_;  // what the change left, whatever the caret reports now
     cursor.endEditBlock();
+    typing_ = format;
     afterStep_ = true;
 }
 
