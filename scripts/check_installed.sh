@@ -15,10 +15,7 @@ finish() {
 }
 trap finish EXIT
 
-await() {
-    timeout 30 xdotool search --sync --onlyvisible --name "$1" >/dev/null ||
-        { echo "The installed program shows no window \"$1\"." >&2; exit 1; }
-}
+await() { "$(dirname "${BASH_SOURCE[0]}")/await_window.sh" "$1" >/dev/null; }
 
 "$prefix/bin/varno-ticket-formatter" \
     "$prefix/share/doc/varno-ticket-formatter/examples/Plant.VRB" &

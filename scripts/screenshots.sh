@@ -48,7 +48,7 @@ settle() {
 # Waits until a window of this title is open, and remembers it.
 window=
 await() {
-    window="$(timeout 30 xdotool search --sync --onlyvisible --name "$1" | tail -n 1)"
+    window="$(scripts/await_window.sh "$1")"
     settle
 }
 press() { xdotool key --delay 60 "$@"; settle; }

@@ -1,5 +1,6 @@
 #include "platform/qt/document_layout.h"
 
+#include <QGuiApplication>
 #include <QImage>
 #include <QTextCursor>
 #include <QTextTable>
@@ -75,6 +76,19 @@ class Layouter {
     QTextDocument& target_;
 };
 
+// A document shrinks its pictures roughly as it paints them; better once, with care. A picture that
+// is shown larger than it is stays as it is.
+QImage Shrunk(const QImage& image, const RtfPicture& picture) {
+    const QSizeF shown =
+        QSizeF(ToPixels(picture.width), ToPixels(picture.height)) * qGuiApp->devicePixelRatio();
+    if (shown.isEmpty() || shown.width() >= image.width()) {
+        return image;
+    }
+    // A picture with a palette would be shrunk into its few colours.
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+        .scaled(shown.toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 void Layouter::AddPictures() {
     for (std::size_t i = 0; i < source_.pictures.size(); ++i) {
         const RtfPicture& picture = source_.pictures[i];
@@ -82,7 +96,7 @@ void Layouter::AddPictures() {
             QByteArray(picture.bytes.data(), static_cast<qsizetype>(picture.bytes.size())));
         if (!image.isNull()) {
             target_.addResource(QTextDocument::ImageResource,
-                                QUrl(PictureName(static_cast<int>(i))), image);
+                                QUrl(PictureName(static_cast<int>(i))), Shrunk(image, picture));
         }
     }
 }
