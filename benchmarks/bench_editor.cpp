@@ -162,7 +162,8 @@ int main(int argc, char** argv) {
     const std::string path = folder.path().toStdString();
     varno::WriteCatalogues(path);
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
-    varno::QtPlatform platform({.exeName = "bench", .path = path, .dataFolder = path, .commandLine = ""});
+    varno::QtPlatform platform(
+        {.exeName = "bench", .path = path, .dataFolder = path, .commandLine = ""});
     varno::Form1 form(platform);
     form.Form_Load();
     form.Show();

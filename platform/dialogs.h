@@ -11,10 +11,10 @@ enum class Icon { None, Question, Exclamation, Critical };
 enum class Answer { Ok, Cancel, Yes, No };
 
 struct FileDialog {
-    std::string initDir;      // empty: the dialog's choice
-    std::string fileName;     // offered name, or a pattern such as "*.VRT"
-    std::string defaultExt;   // added to a name typed without one
-    std::string filter;       // "description|pattern"
+    std::string initDir;     // empty: the dialog's choice
+    std::string fileName;    // offered name, or a pattern such as "*.VRT"
+    std::string defaultExt;  // added to a name typed without one
+    std::string filter;      // "description|pattern"
 };
 
 struct ChosenFile {
