@@ -15,12 +15,12 @@ constexpr const char* Prompt =
 
 void SerialSettingsCommand::Serial_Click() {
     const std::string entry = dialogs_.InputBox(
-        Prompt, "COM Port Parameters", PortEntry(MSComm1_.CommPort(), MSComm1_.Settings()));
+        Prompt, "COM Port Parameters", PortEntry(msComm1_.CommPort(), msComm1_.Settings()));
     if (entry.empty()) {
         return;
     }
     Report(ApplyPort(entry));
-    Report(MSComm1_.SetSettings(std::string(EnteredSettings(entry))));
+    Report(msComm1_.SetSettings(std::string(EnteredSettings(entry))));
 }
 
 Error SerialSettingsCommand::ApplyPort(const std::string& entry) {
@@ -28,7 +28,7 @@ Error SerialSettingsCommand::ApplyPort(const std::string& entry) {
     if (const auto* reason = std::get_if<std::string>(&port)) {
         return *reason;
     }
-    return MSComm1_.SetCommPort(std::get<int>(port));
+    return msComm1_.SetCommPort(std::get<int>(port));
 }
 
 void SerialSettingsCommand::Report(const Error& error) {

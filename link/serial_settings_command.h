@@ -8,8 +8,8 @@ namespace varno {
 
 class SerialSettingsCommand {
   public:
-    SerialSettingsCommand(SerialControl& MSComm1, Dialogs& dialogs)
-        : MSComm1_(MSComm1), dialogs_(dialogs) {}
+    SerialSettingsCommand(SerialControl& msComm1, Dialogs& dialogs)
+        : msComm1_(msComm1), dialogs_(dialogs) {}
 
     // Applies port number and settings each for itself: a bad one does not stop the other.
     void Serial_Click();
@@ -18,7 +18,7 @@ class SerialSettingsCommand {
     Error ApplyPort(const std::string& entry);
     void Report(const Error& error);
 
-    SerialControl& MSComm1_;
+    SerialControl& msComm1_;
     Dialogs& dialogs_;
 };
 

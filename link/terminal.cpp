@@ -17,23 +17,23 @@ void Terminal::OpenTerminalWindow_Click() {
     window_->ShowModal();
     if (closed_) {
         window_.reset();
-        TerminalComm_.reset();
+        terminalComm_.reset();
     }
 }
 
 void Terminal::Load() {
     closed_ = false;
-    TerminalComm_ = platform_.CreateSerialControl(InBufferSize);
-    TerminalComm_->OnReceive = [this] { TerminalComm_OnComm(); };
+    terminalComm_ = platform_.CreateSerialControl(InBufferSize);
+    terminalComm_->OnReceive = [this] { TerminalComm_OnComm(); };
     window_ = platform_.CreateWindow(TerminalDesign);
     window_->OnActivate = [this] { Form_Activate(); };
     window_->OnResize = [this] { Form_Resize(); };
     window_->OnClose = [this] {
         closed_ = true;
-        TerminalComm_->ClosePort();
+        terminalComm_->ClosePort();
     };
-    Text1_ = &window_->Get<TextArea>("Text1");
-    Text1_->OnKeyPress = [this](unsigned char character) { Text1_KeyPress(character); };
+    text1_ = &window_->Get<TextArea>("Text1");
+    text1_->OnKeyPress = [this](unsigned char character) { Text1_KeyPress(character); };
     window_->Get<Button>("Command1").OnClick = [this] { Command1_Click(); };
     window_->Get<Button>("Command2").OnClick = [this] { Command2_Click(); };
 }
@@ -43,13 +43,13 @@ void Terminal::Form_Activate() {
     if (closed_) {
         return;
     }
-    MSComm1_.ClosePort();
-    Error error = TerminalComm_->SetCommPort(MSComm1_.CommPort());
+    msComm1_.ClosePort();
+    Error error = terminalComm_->SetCommPort(msComm1_.CommPort());
     if (!error) {
-        error = TerminalComm_->SetSettings(MSComm1_.Settings());
+        error = terminalComm_->SetSettings(msComm1_.Settings());
     }
     if (!error) {
-        error = TerminalComm_->OpenPort();
+        error = terminalComm_->OpenPort();
     }
     takesTyping_ = !error;
     if (error) {
@@ -58,22 +58,22 @@ void Terminal::Form_Activate() {
 }
 
 void Terminal::TerminalComm_OnComm() {
-    Text1_->Append(TerminalComm_->Input());
+    text1_->Append(terminalComm_->Input());
 }
 
 void Terminal::Text1_KeyPress(unsigned char character) {
     if (!takesTyping_) {
         return;
     }
-    if (const Error error = TerminalComm_->Output({reinterpret_cast<const char*>(&character), 1})) {
+    if (const Error error = terminalComm_->Output({reinterpret_cast<const char*>(&character), 1})) {
         takesTyping_ = false;
-        TerminalComm_->ClosePort();
+        terminalComm_->ClosePort();
         Report(*error);
     }
 }
 
 void Terminal::Command1_Click() {
-    Text1_->Clear();
+    text1_->Clear();
 }
 
 void Terminal::Form_Resize() {
@@ -82,7 +82,7 @@ void Terminal::Form_Resize() {
     }
     const Place outer = window_->CurrentOuterPlace();
     if (const auto layout = LayOutTerminal(outer.width, outer.height)) {
-        Text1_->SetPlace(layout->text);
+        text1_->SetPlace(layout->text);
         window_->Get<Button>("Command1").SetPlace(layout->clear);
         window_->Get<Button>("Command2").SetPlace(layout->exit);
         return;
@@ -97,7 +97,7 @@ void Terminal::Form_Resize() {
 }
 
 void Terminal::CloseTerminal() {
-    TerminalComm_->ClosePort();
+    terminalComm_->ClosePort();
     window_->Hide();
 }
 

@@ -10,7 +10,7 @@ namespace varno {
 
 class Terminal {
   public:
-    Terminal(Platform& platform, SerialControl& MSComm1) : platform_(platform), MSComm1_(MSComm1) {}
+    Terminal(Platform& platform, SerialControl& msComm1) : platform_(platform), msComm1_(msComm1) {}
 
     // Returns when the window is hidden, which keeps its text, or closed, which forgets it.
     void OpenTerminalWindow_Click();
@@ -28,10 +28,10 @@ class Terminal {
     void Report(const std::string& error);
 
     Platform& platform_;
-    SerialControl& MSComm1_;
-    std::unique_ptr<SerialControl> TerminalComm_;
+    SerialControl& msComm1_;
+    std::unique_ptr<SerialControl> terminalComm_;
     std::unique_ptr<Window> window_;  // null until loaded
-    TextArea* Text1_ = nullptr;
+    TextArea* text1_ = nullptr;
     bool takesTyping_ = false;  // until a character could not be sent
     bool closed_ = false;       // by the close box: to be unloaded
 };

@@ -10,11 +10,11 @@ constexpr int HiddenMilliseconds = 500;
 }  // namespace
 
 void Transfer::EndTransfer() {
-    Message_.SetCaption("");
+    message_.SetCaption("");
     if (OnTransferEnded) {
         OnTransferEnded();
     }
-    MSComm1_.ClosePort();
+    msComm1_.ClosePort();
 }
 
 void Transfer::Form_KeyPress(char32_t character) {
@@ -24,9 +24,9 @@ void Transfer::Form_KeyPress(char32_t character) {
 }
 
 void Transfer::Timer1_Timer() {
-    const bool shown = !Message_.Caption().empty() && !Message_.Visible();
-    Message_.SetVisible(shown);
-    Timer1_.SetInterval(shown ? ShownMilliseconds : HiddenMilliseconds);
+    const bool shown = !message_.Caption().empty() && !message_.Visible();
+    message_.SetVisible(shown);
+    timer1_.SetInterval(shown ? ShownMilliseconds : HiddenMilliseconds);
 }
 
 void Transfer::Stop() {
@@ -35,7 +35,7 @@ void Transfer::Stop() {
 }
 
 Error Transfer::OpenPort() {
-    Error error = MSComm1_.OpenPort();
+    Error error = msComm1_.OpenPort();
     if (!error) {
         ++current_;
     }

@@ -10,8 +10,8 @@ namespace varno {
 
 class Transfer {
   public:
-    Transfer(SerialControl& MSComm1, Label& Message, Timer& Timer1)
-        : MSComm1_(MSComm1), Message_(Message), Timer1_(Timer1) {}
+    Transfer(SerialControl& msComm1, Label& message, Timer& timer1)
+        : msComm1_(msComm1), message_(message), timer1_(timer1) {}
 
     // The commands of the idle state hold again. The port is still open, if it was.
     std::function<void()> OnTransferEnded;
@@ -31,9 +31,9 @@ class Transfer {
     int Current() const { return current_; }
 
   private:
-    SerialControl& MSComm1_;
-    Label& Message_;
-    Timer& Timer1_;
+    SerialControl& msComm1_;
+    Label& message_;
+    Timer& timer1_;
     int current_ = 0;  // 0: none yet
 };
 

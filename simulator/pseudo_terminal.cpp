@@ -1,11 +1,11 @@
 #include "simulator/pseudo_terminal.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <system_error>
 
 namespace varno {

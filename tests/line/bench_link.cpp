@@ -147,9 +147,15 @@ struct Bench {
 }  // namespace varno
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
-    varno::Bench bench;
-    bench.Unpaced();
-    bench.Paced(115200);
-    bench.Paced(9600);
+    try {
+        const QCoreApplication application(argc, argv);
+        varno::Bench bench;
+        bench.Unpaced();
+        bench.Paced(115200);
+        bench.Paced(9600);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "bench_link: %s\n", failure.what());
+        return 1;
+    }
 }

@@ -111,7 +111,7 @@ struct FaultyDownload {
 TEST(Faults, EndADownload) {
     double worst = 0;
     for (const auto& [name, fault] : Faults) {
-        for (const std::size_t at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007, 8008, 8368}) {
+        for (const unsigned at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007, 8008, 8368}) {
             SCOPED_TRACE(testing::Message() << name << " at " << at);
             FaultyDownload run(fault, at);
             run.window.ExpectConfirmation(Answer::Ok);
@@ -164,7 +164,7 @@ struct FaultyUpload {
 TEST(Faults, EndAnUpload) {
     double worst = 0;
     for (const auto& [name, fault] : Faults) {
-        for (const std::size_t at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007}) {
+        for (const unsigned at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007}) {
             SCOPED_TRACE(testing::Message() << name << " at " << at);
             FaultyUpload run;
             run.Receive(at);

@@ -106,7 +106,7 @@ TEST_F(TransfersTest, UploadArrivesInWhateverPieces) {
         EXPECT_TRUE(UploadEnds());
         EXPECT_TRUE(window.block.TicketBuffer == image);
         EXPECT_FALSE(port->PortOpen());
-        window.log.push_back("next");
+        window.log.emplace_back("next");
     }
 }
 

@@ -27,7 +27,7 @@ struct IndicatorTest : testing::Test {
                 {[this](int baud) { switched.push_back("speed " + std::to_string(baud)); },
                  [this](int count) { switched.push_back("cut " + std::to_string(count)); },
                  [this](int count) { switched.push_back("stall " + std::to_string(count)); },
-                 [this] { switched.push_back("resume"); }}};
+                 [this] { switched.emplace_back("resume"); }}};
 
     std::string Run(const char* command) {
         panel.Run(command);

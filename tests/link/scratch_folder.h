@@ -1,8 +1,7 @@
 // A folder of its own for one test, removed at its end.
 #pragma once
 
-#include <stdlib.h>
-
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 

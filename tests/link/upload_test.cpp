@@ -77,7 +77,7 @@ struct Arrival {
 };
 
 TEST(UploadArrivals, EndInTheRightStateWhateverTheChunks) {
-    const std::string image = TwoTickets();
+    const std::string& image = TwoTickets();
     const std::string half = image.substr(0, 4000);
     const Arrival arrivals[] = {
         {"one by one", "", OneByOne(image + "\r"), "", image},
