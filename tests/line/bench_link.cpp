@@ -63,8 +63,11 @@ class GapWatch {
   public:
     GapWatch() {
         timer_.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&timer_, &QTimer::timeout,
-                         [this] { largest_ = std::max(largest_, since_.restart()); });
+        QObject::connect(&timer_, &QTimer::timeout, [this] {
+            largest_ = std::max(largest_, since_.restart());
+            const std::clock_t use = std::clock();
+            largestUse_ = std::max(largestUse_, use - std::exchange(lastUse_, use));
+        });
         since_.start();
         timer_.start(1);
     }
@@ -86,7 +89,7 @@ void Print(const char* what, double value, double limit, const char* unit = "") 
 void GapWatch::Print() const {
     varno::Print("largest gap between turns of the event loop", static_cast<double>(largest_),
                  WindowAnswersWithin, " ms");
-    varno::Print("  processor time in the largest gap",
+    varno::Print("  most processor time of this program in a gap",
                  static_cast<double>(largestUse_) * 1000 / CLOCKS_PER_SEC, WindowAnswersWithin,
                  " ms");
 }
