@@ -33,11 +33,8 @@ inline constexpr std::array KeyPictures{
     KeyPicture{"a|bc", "<Right><Right>x", "abcx|"},
     KeyPicture{"abc|¬\ndef", "<Right>", "abc|¬\ndef"},
     KeyPicture{"abc¬\n|def", "<Left>", "abc|¬\ndef"},
-    KeyPicture{"abc¬\nd|ef", "<Up><End>", "abc|¬\ndef"},
-    KeyPicture{"a|bc¬\ndef", "<Down>", "abc¬\nd|ef"},
     KeyPicture{"ab\n|cd", "<Left>", "ab|\ncd"},
     KeyPicture{"ab|\ncd", "<Right>", "ab\n|cd"},
-    KeyPicture{"abc¬\nde|f", "<Home>", "abc¬\n|def"},
     KeyPicture{"{m}A27|{k}b", "<Click>", "{m}A27|{k}b"},
     KeyPicture{"{x}ab|", "<Click>", "{x}ab{k}|"},
     KeyPicture{"{kB}ab|", "<Click>", "{kB}ab{k}|"},
@@ -57,7 +54,6 @@ inline constexpr std::array KeyPictures{
     KeyPicture{"a[{r}C005]{k}b", "x", "ax|b"},
     KeyPicture{"a[{g}net]{k}b", "x", "a{g}x|{k}b"},
     KeyPicture{"a[{r}C005]{k}b", "<C-C>", "a[{r}C005]{k}b"},
-    KeyPicture{"a[{r}C005]{k}b", "<C-C><Right><C-V>", "a{r}C005C005|{k}b"},
 
     // With Alt nothing is typed; the typing format becomes black.
     KeyPicture{"{g}ab|", "<A-X>", "{g}ab{k}|"},
@@ -100,15 +96,12 @@ inline constexpr std::array KeyPictures{
     KeyPicture{"a[bc]d", "<Enter>", "a¬\n|d"},
     KeyPicture{"|", "<Enter><Enter>a", "¬\n¬\na|"},
 
-    // Delete and Backspace take a line end as a whole, in one step of undo.
+    // Delete and Backspace take a line end as a whole.
     KeyPicture{"abc|¬\ndef", "<Del>", "abc|def"},
     KeyPicture{"abc¬\n|def", "<BS>", "abc|def"},
     KeyPicture{"{g}ab{k}¬\n|def", "<BS>", "{g}ab|{k}def"},
     KeyPicture{"|¬\n¬\n", "<Del>", "|¬\n"},
     KeyPicture{"¬\n|¬\n", "<BS>", "|¬\n"},
-    KeyPicture{"abc|¬\ndef", "<Del><C-Z>", "abc¬\ndef"},
-    KeyPicture{"abc¬\n|def", "<BS><C-Z>", "abc¬\ndef"},
-    KeyPicture{"abc|¬\ndef", "<Del><C-Z><C-Y>", "abcdef"},
     KeyPicture{"ab|\ncd", "<Del>", "ab|cd"},
     KeyPicture{"ab\n|cd", "<BS>", "ab|cd"},
     KeyPicture{"a|bc", "<Del>", "a|c"},
@@ -118,11 +111,7 @@ inline constexpr std::array KeyPictures{
     KeyPicture{"abc|¬", "<Del>", "abc|"},
     KeyPicture{"a[bc]d", "<Del>", "a|d"},
     KeyPicture{"a[{r}C005]{k}d", "<BS>", "a|d"},
-
-    // A step of undo is what one key did.
-    KeyPicture{"ab|cd", "<Enter><C-Z>", "abcd"},
-    KeyPicture{"a[bc]d", "<Enter><C-Z>", "abcd"},
-    KeyPicture{"{r}C|", "1<C-Z>", "{r}C"},
+    KeyPicture{"a[¬]\nb", "<Del>", "a|b"},
 };
 
 }  // namespace varno

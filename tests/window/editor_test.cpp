@@ -82,6 +82,16 @@ TEST(Editor, KeepsToTheRulesWithItsOwnKeys) {
         {"a[b{r}C005]{k}d", "<S-Del>", "a|d"},
         {"a[b{r}C005{g} X{k}\n]d", "<C-C><Right><C-V>", "ab{r}C005{g} X{k}\nb{r}C005{g} X{k}\n|d"},
         {"a[b]c", "<C-X><C-Z>", "abc"},
+        {"abc¬\nd|ef", "<Up><End>", "abc|¬\ndef"},
+        {"a|bc¬\ndef", "<Down>", "abc¬\nd|ef"},
+        {"abc¬\nde|f", "<Home>", "abc¬\n|def"},
+        {"a[{r}C005]{k}b", "<C-C><Right><C-V>", "a{r}C005C005|{k}b"},
+        // A line end goes in one step of undo, and comes in one.
+        {"abc|¬\ndef", "<Del><C-Z>", "abc¬\ndef"},
+        {"abc¬\n|def", "<BS><C-Z>", "abc¬\ndef"},
+        {"abc|¬\ndef", "<Del><C-Z><C-Y>", "abcdef"},
+        {"ab|cd", "<Enter><C-Z>", "abcd"},
+        {"a[bc]d", "<Enter><C-Z>", "abcd"},
         // Typed text is one step of undo, and none with what was there before.
         {"ab|", "cd<C-Z>", "ab"},
         {"ab|", "cd<Left>e<C-Z>", "abcd"},
