@@ -67,6 +67,7 @@ bool ComboPanel::eventFilter(QObject* watched, QEvent* event) {
 QtSimpleCombo::QtSimpleCombo(const ControlDesign& design, QWidget* parent)
     : QtControl(new ComboPanel(this, parent)), sorted_(design.sorted) {
     ApplyDesign(design, widget_);
+    widget_->setAccessibleName(QString());  // its halves have names of their own
     widget_->field->setObjectName(ToQt(design.name) + ".Edit");
     widget_->field->setAccessibleName(ToQt(design.accessibleName));
     widget_->list->setObjectName(ToQt(design.name) + ".List");

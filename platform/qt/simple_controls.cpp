@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStylePainter>
@@ -46,7 +47,7 @@ class ToggleFace final : public Focusable<FaceButton, ToggleButton> {
   public:
     ToggleFace(ToggleButton* control, QWidget* parent) : Focusable(control, parent) {
         setCheckable(true);
-        QObject::connect(this, &QPushButton::clicked, [this] {
+        QObject::connect(this, &QPushButton::toggled, [this] {
             if (!mouse_ && control_->OnClick) {
                 control_->OnClick();
             }
@@ -64,7 +65,7 @@ class ToggleFace final : public Focusable<FaceButton, ToggleButton> {
     }
 
   private:
-    bool mouse_ = false;  // the click in progress is the mouse's
+    bool mouse_ = false;  // the toggle in progress is the mouse's
 };
 
 // Drops the characters that the text box does not take, however they came in.
@@ -211,11 +212,21 @@ void WrappingCheckBox::paintEvent(QPaintEvent* /*event*/) {
     }
 }
 
+void QtToggleButton::SetValue(bool pressed) {
+    const QSignalBlocker quiet(widget_);
+    widget_->setChecked(pressed);
+}
+
+void QtCheckBox::SetValue(bool ticked) {
+    const QSignalBlocker quiet(widget_);
+    widget_->setChecked(ticked);
+}
+
 QtCheckBox::QtCheckBox(const ControlDesign& design, QWidget* parent)
     : QtControl(new WrappingCheckBox(parent)) {
     ApplyDesign(design, widget_);
     ApplyCaption(design, widget_);
-    QObject::connect(widget_, &QCheckBox::clicked, widget_, [this] {
+    QObject::connect(widget_, &QCheckBox::toggled, widget_, [this] {
         if (OnClick) {
             OnClick();
         }

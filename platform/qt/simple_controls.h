@@ -50,7 +50,7 @@ class QtToggleButton final : public QtControl<ToggleButton, FaceButton> {
   public:
     QtToggleButton(const ControlDesign& design, QWidget* parent);
     bool Value() const override { return widget_->isChecked(); }
-    void SetValue(bool pressed) override { widget_->setChecked(pressed); }
+    void SetValue(bool pressed) override;
 };
 
 // Breaks its caption into lines where its place is too narrow.
@@ -69,7 +69,7 @@ class QtCheckBox final : public QtControl<CheckBox, WrappingCheckBox> {
   public:
     QtCheckBox(const ControlDesign& design, QWidget* parent);
     bool Value() const override { return widget_->isChecked(); }
-    void SetValue(bool ticked) override { widget_->setChecked(ticked); }
+    void SetValue(bool ticked) override;
 };
 
 class QtTextBox final : public QtControl<TextBox, QLineEdit> {

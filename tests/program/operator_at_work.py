@@ -7,6 +7,9 @@ import time
 os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
 
 import pyatspi  # noqa: E402  (reads the environment)
+from gi.repository import Atspi, GLib  # noqa: E402
+
+Atspi.set_timeout(1000, 5000)  # milliseconds; a question keeps its caller waiting
 
 DEADLINE = 30  # seconds that any single thing may take
 
@@ -62,7 +65,11 @@ class Program:
         wait_for(lambda: xdotool("getactivewindow", "getwindowname") == title, f"{title!r} active")
 
     def windows(self):
-        return [window.name for window in self.root if window]
+        return [window.name for window in self.shown_windows()]
+
+    def shown_windows(self):
+        """Dialogs that are only hidden stay on the bus."""
+        return [w for w in self.root if w and w.getState().contains(pyatspi.STATE_SHOWING)]
 
     def keys(self, *keys):
         xdotool("key", "--clearmodifiers", "--delay", 30, *keys)
@@ -97,7 +104,14 @@ class Program:
                     return found
             return None
 
-        return wait_for(lambda: search(self.root), what)
+        def search_windows():
+            for window in self.shown_windows():
+                found = window if fits(window) else search(window)
+                if found:
+                    return found
+            return None
+
+        return wait_for(search_windows, what)
 
     def find(self, name, role=None):
         def fits(node):
@@ -142,6 +156,44 @@ class Program:
         box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         return box.x + box.width // 2, box.y + box.height // 2
 
-    def press(self, name, role="push button"):
-        """Presses a control through the accessibility bus."""
-        self.find(name, role).queryAction().doAction(0)
+    # Through the accessibility bus
+
+    def press(self, name):
+        """Presses a button by its name."""
+        roles = ("push button", "toggle button", "check box")
+        button = self.find_if(
+            lambda node: node.name == name and node.getRoleName() in roles, f"button {name!r}"
+        )
+        act(button)
+
+    def menu(self, caption, opens=None):
+        """Chooses a menu item; `opens` is the menu whose opening decides whether it is offered."""
+        if opens:
+            act(self.find(opens, "menu item"))
+        item = self.find(caption, "menu item")
+        wait_for(lambda: item.getState().contains(pyatspi.STATE_ENABLED), f"{caption!r} offered")
+        act(item)
+
+    def await_no_message(self, text):
+        wait_for(lambda: not any(text in name for name in self.labels()), f"{text!r} closed")
+
+    def labels(self):
+        names = []
+
+        def collect(node):
+            for child in node:
+                if child:
+                    names.append(child.name)
+                    collect(child)
+
+        for window in self.shown_windows():
+            collect(window)
+        return names
+
+
+def act(node):
+    """Does what the node is for. A question that this raises keeps the call waiting: go on then."""
+    try:
+        node.queryAction().doAction(0)
+    except GLib.Error:
+        pass

@@ -5,16 +5,14 @@ whole_program.py FOLDER: FOLDER holds the program, its catalogues and the simula
 """
 
 import os
-import re
-import subprocess
 import sys
 import tempfile
 
+from indicator_at_work import Indicator
 from operator_at_work import Failure, Program, expect, wait_for, xdotool
 
 FOLDER = os.path.abspath(sys.argv[1])
 PROGRAM = os.path.join(FOLDER, "VarnoTicketFormatter")
-INDICATOR = os.path.join(FOLDER, "varno-indicator")
 
 
 def crc(digits):
@@ -129,34 +127,23 @@ def find_it_again(path):
 
 def transfer(folder, path):
     """Down to the simulated indicator, and up again from it."""
-    indicator = subprocess.Popen([INDICATOR], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-                                 text=True, bufsize=1)
-    said = []
-
-    def hear(pattern):
-        while not said or not re.search(pattern, said[-1]):
-            line = indicator.stdout.readline()
-            expect(line, f"the indicator never said {pattern!r}, but: {said}")
-            said.append(line)
-        return re.search(pattern, said[-1])
-
-    try:
-        port = hear(r"COM(\d+)").group(1)
+    with Indicator(FOLDER) as indicator:
         with open(os.path.join(os.environ["XDG_CONFIG_HOME"], "VarnoTicketFormatter.ini"),
                   "w", encoding="ascii") as settings:
-            settings.write(f'[Communications]\nCOM={port}\nSettings="115200,n,8,1"\n')
+            settings.write(
+                f'[Communications]\nCOM={indicator.port}\nSettings="115200,n,8,1"\n')
         program = Program(PROGRAM, path)
         try:
-            indicator.stdin.write("78\n")
+            indicator.tell("78")
             program.keys("alt+v")
             program.keys("d")
             answer(program, "Start TICKET BUFFER CAPTURING", "Return")
-            hear(r"captured, 1 ticket")
+            indicator.hear(r"captured, 1 ticket")
             program.keys("alt+v")
             program.keys("u")
             answer(program, "Items in ticket block will be lost.", "Return")
             wait_for(lambda: program.status().startswith("Start TICKET BUFFER"), "the prompt")
-            indicator.stdin.write("77\n")
+            indicator.tell("77")
             wait_for(lambda: program.status() == "", "the end of the upload")
             program.await_rows(["212 P"])
             copy = os.path.join(folder, "Copy.VRB")
@@ -166,10 +153,6 @@ def transfer(folder, path):
             expect(memory_of(copy) == memory_of(path), "the block came back changed")
         finally:
             program.kill()
-    finally:
-        indicator.stdin.close()
-        indicator.terminate()
-        indicator.wait()
 
 
 def main():
