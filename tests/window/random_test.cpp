@@ -263,11 +263,11 @@ class RandomWork {
         EXPECT_EQ(EncodeTicket(Decoded(number, record), number), record);
     }
     MarkedText Decoded(int number, const std::string& record) {
-        static const std::string Samples = VARNO_CATALOGUES;
+        static const std::string samples = VARNO_CATALOGUES;
         MemoryEditor decoded;
         TicketDecoder().DecodeTicket(
             WordsOf(":" + record), number,
-            {Samples + "/Varno Control Codes.txt", Samples + "/Varno Print Codes.txt"}, decoded);
+            {samples + "/Varno Control Codes.txt", samples + "/Varno Print Codes.txt"}, decoded);
         return decoded.Content();
     }
 
