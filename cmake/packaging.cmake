@@ -7,6 +7,10 @@ set(package varno-ticket-formatter)
 set(texts ${PROJECT_SOURCE_DIR}/packaging)
 set(made ${PROJECT_BINARY_DIR}/packaging)
 
+# All that is installed, without the tests.
+add_custom_target(installed)
+add_dependencies(installed VarnoTicketFormatter varno-indicator varno-tickets catalogues tutorial)
+
 # Every program looks for the catalogues in its own folder, the window for its tutorial too. So all
 # live in one folder, and what is called are links into it.
 install(TARGETS VarnoTicketFormatter varno-indicator varno-tickets RUNTIME DESTINATION lib/${package})
@@ -53,7 +57,8 @@ function(install_packed source destination)
         DEPENDS ${source}
         VERBATIM
     )
-    add_custom_target(packed-${name} ALL DEPENDS ${packed})
+    add_custom_target(packed-${name} DEPENDS ${packed})
+    add_dependencies(installed packed-${name})
     cmake_path(GET destination FILENAME target)
     cmake_path(GET destination PARENT_PATH folder)
     install(FILES ${packed} DESTINATION ${folder} RENAME ${target})

@@ -9,7 +9,7 @@ pictures="$PWD/tutorial/pictures"
 
 if [[ ${1:-} != --inside ]]; then
     scripts/install.sh build display
-    scripts/build.sh release
+    scripts/build.sh release installed
     exec scripts/virtual_display.sh "${BASH_SOURCE[0]}" --inside
 fi
 
