@@ -37,7 +37,7 @@ int SortedPosition(const QListWidget& list, const QString& text) {
     return low;
 }
 
-RowList::RowList(QtListBox* control, QWidget* parent) : QListWidget(parent), control_(control) {
+RowList::RowList(QtListBox* control, QWidget* parent) : FocusFramed(parent), control_(control) {
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setUniformItemSizes(true);

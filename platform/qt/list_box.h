@@ -4,12 +4,13 @@
 #include <QListWidget>
 
 #include "platform/qt/control_base.h"
+#include "platform/qt/focus_framed.h"
 
 namespace varno {
 
 class QtListBox;
 
-class RowList final : public QListWidget {
+class RowList final : public FocusFramed<QListWidget> {
   public:
     RowList(QtListBox* control, QWidget* parent);
 

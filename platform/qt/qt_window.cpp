@@ -305,6 +305,11 @@ void QtWindow::Show() {
 
 void QtWindow::ShowModal() {
     shell_.setWindowModality(Qt::ApplicationModal);
+    if (const QWidget* parent = shell_.parentWidget(); parent != nullptr && !hasPlace_) {
+        const QPoint centre = parent->frameGeometry().center() - shell_.rect().center();
+        shell_.move(OntoScreen(QRect(centre, shell_.size())).topLeft());
+        hasPlace_ = true;
+    }
     QEventLoop loop;
     modal_ = &loop;
     Show();

@@ -72,6 +72,7 @@ class QtWindow final : public Window {
     std::function<void()> pressDefault_;  // what Enter and Esc press
     std::function<void()> pressCancel_;
     QEventLoop* modal_ = nullptr;
+    bool hasPlace_ = false;  // a dialog, once centred on its parent
 };
 
 }  // namespace varno

@@ -21,7 +21,7 @@ bool IsEditorCommand(const QKeyEvent& event) {
 }  // namespace
 
 TicketEdit::TicketEdit(QtRichTextBox* control, QWidget* parent)
-    : QTextEdit(parent), control_(control) {
+    : FocusFramed(parent), control_(control) {
     setLineWrapMode(QTextEdit::NoWrap);
     setTabChangesFocus(true);
     setCursorWidth(2);
@@ -33,7 +33,7 @@ bool TicketEdit::event(QEvent* event) {
         event->accept();
         return true;
     }
-    return QTextEdit::event(event);
+    return FocusFramed::event(event);
 }
 
 void TicketEdit::keyPressEvent(QKeyEvent* event) {

@@ -5,6 +5,7 @@
 #include <QTextEdit>
 
 #include "platform/qt/control_base.h"
+#include "platform/qt/focus_framed.h"
 #include "platform/rich_text.h"
 
 namespace varno {
@@ -12,7 +13,7 @@ namespace varno {
 class QtRichTextBox;
 
 // The widget: hands keys and clicks to the program first, then carries out what it decided.
-class TicketEdit final : public QTextEdit {
+class TicketEdit final : public FocusFramed<QTextEdit> {
   public:
     TicketEdit(QtRichTextBox* control, QWidget* parent);
 

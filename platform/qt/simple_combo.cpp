@@ -4,13 +4,17 @@
 #include <QSignalBlocker>
 #include <algorithm>
 
+#include "platform/qt/focus_framed.h"
 #include "platform/qt/list_box.h"
 #include "platform/qt/simple_controls.h"
 
 namespace varno {
 
 ComboPanel::ComboPanel(QtSimpleCombo* control, QWidget* parent)
-    : QWidget(parent), field(new QLineEdit(this)), list(new QListWidget(this)), control_(control) {
+    : QWidget(parent),
+      field(new QLineEdit(this)),
+      list(new FocusFramed<QListWidget>(this)),
+      control_(control) {
     setFocusProxy(field);
     list->setUniformItemSizes(true);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -15,7 +15,7 @@ constexpr int DropMargin = LongestText / 16;
 
 }  // namespace
 
-LineView::LineView(TextArea* control, QWidget* parent) : QPlainTextEdit(parent), control_(control) {
+LineView::LineView(TextArea* control, QWidget* parent) : FocusFramed(parent), control_(control) {
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
@@ -29,7 +29,7 @@ bool LineView::event(QEvent* event) {
         event->accept();
         return true;
     }
-    return QPlainTextEdit::event(event);
+    return FocusFramed::event(event);
 }
 
 void LineView::keyPressEvent(QKeyEvent* event) {

@@ -4,10 +4,11 @@
 #include <QPlainTextEdit>
 
 #include "platform/qt/control_base.h"
+#include "platform/qt/focus_framed.h"
 
 namespace varno {
 
-class LineView final : public QPlainTextEdit {
+class LineView final : public FocusFramed<QPlainTextEdit> {
   public:
     LineView(TextArea* control, QWidget* parent);
 
