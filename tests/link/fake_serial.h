@@ -1,7 +1,6 @@
-// A serial port in memory. It takes 512 characters; waiting for room sends all of them.
+// A serial port in memory, whose line takes every character at once.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <utility>
 
@@ -15,76 +14,49 @@ class FakeSerial final : public SerialControl {
   public:
     int CommPort() const override { return port_; }
     Error SetCommPort(int port) override {
-        if (port < 1 || port > MaxCommPort) {
-            return "no such number";
-        }
-        port_ = port;
-        return std::nullopt;
+        port_ = port > 0 ? port : port_;
+        return port > 0 ? Error() : "no such number";
     }
     std::string Settings() const override { return settings_; }
     Error SetSettings(const std::string& settings) override {
-        SerialSettings read;
-        if (ParseSerialSettings(settings, read)) {
-            return "no such settings";
-        }
-        settings_ = settings;
-        return std::nullopt;
+        const bool complete = settings.size() >= DefaultSerialSettings.size();
+        settings_ = complete ? settings : settings_;
+        return complete ? Error() : "no such settings";
     }
     bool PortOpen() const override { return open_; }
     Error OpenPort() override {
         if (open_) {
             return "already open";
         }
-        if (!openError) {
-            open_ = true;
-            ++openings;
-        }
+        open_ = !openError;
         return openError;
     }
-    void ClosePort() override {
-        open_ = false;
-        unsent_.clear();
-        arrived_.clear();
-    }
+    void ClosePort() override { open_ = false; }
     Error Output(std::string_view characters) override {
-        if (!open_ || broken || unsent_.size() + characters.size() > OutBufferSize) {
-            return "cannot send";
-        }
-        unsent_ += characters;
-        return std::nullopt;
+        const bool sending = open_ && !broken;
+        sent += sending ? characters : "";
+        return sending ? Error() : "cannot send";
     }
-    void WaitForRoom(int characters) override {
-        if (unsent_.size() + static_cast<std::size_t>(characters) > OutBufferSize) {
-            Send();
-        }
-    }
-    void Drain() override {
-        Raise(onDrain);
-        Send();
-    }
+    void WaitForRoom(int /*characters*/) override {}
+    void Drain() override {}
     std::string Input() override { return std::exchange(arrived_, {}); }
 
     // Characters on the line. Nobody hears them while the port is closed.
     void Arrive(const std::string& characters) {
         if (open_) {
-            arrived_ += characters;
+            arrived_ = characters;
             Raise(OnReceive);
         }
     }
 
     std::string sent;  // what the line has carried
-    int openings = 0;
     Error openError;
     bool broken = false;
-    std::function<void()> onDrain;
 
   private:
-    void Send() { sent += std::exchange(unsent_, {}); }
-
     int port_ = 1;
     std::string settings_{DefaultSerialSettings};
     bool open_ = false;
-    std::string unsent_;
     std::string arrived_;
 };
 

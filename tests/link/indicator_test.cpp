@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <fstream>
 
 #include "block/image.h"
+#include "platform/files.h"
+#include "simulator/line.h"
 #include "simulator/panel.h"
+#include "simulator/port_offer.h"
 #include "tests/link/scratch_folder.h"
 
 namespace varno {
@@ -19,116 +23,122 @@ const std::string Image = SealTicketBuffer(
     "0A801000"
     "800000D4000000000000");
 
-struct IndicatorTest : testing::Test {
-    ScratchFolder folder;
-    Indicator indicator{Image, {folder.Path() + "/control", folder.Path() + "/print"}};
-    std::vector<std::string> switched;
-    Panel panel{indicator,
-                {[this](int baud) { switched.push_back("speed " + std::to_string(baud)); },
-                 [this](int count) { switched.push_back("cut " + std::to_string(count)); },
-                 [this](int count) { switched.push_back("stall " + std::to_string(count)); },
-                 [this] { switched.emplace_back("resume"); }}};
-
-    std::string Run(const char* command) {
-        panel.Run(command);
-        return indicator.TakeScreen();
-    }
-};
-
-TEST_F(IndicatorTest, CapturesAnImageOrSaysWhatIsWrong) {
-    const std::string fill(362, 'F');
+TEST(Indicator, CapturesAnImageOrSaysWhatIsWrong) {
     const std::string other = NewTicketBuffer();
-    std::string badDigit = Image;
-    badDigit[99] = 'x';
-    std::string badCrc = Image;
-    badCrc[3] = '9';
-    std::string badZeros = Image;
-    badZeros[8002] = '1';
-    struct {
+    const std::string fill(362, 'F');
+    const std::string right = other.substr(8003);
+    const auto with = [&](std::size_t at, const char* digits) {
+        return std::string(other).replace(at, std::strlen(digits), digits) + fill;
+    };
+    const std::string taken = "captured, 0 tickets\n";
+    const std::string failed = "capturing failed: ";
+    const struct {
         const char* name;
         std::string line;
-        const char* screen;
-        bool taken;
-    } const table[] = {
-        {"image and fill", other + fill, "captured, 0 tickets\n", true},
-        {"noise before", "#\r\n" + other + fill, "captured, 0 tickets\n", true},
-        {"restart", other.substr(0, 500) + other + fill, "captured, 0 tickets\n", true},
-        {"nothing", "", "", false},
-        {"cut", other.substr(0, 4000), "capturing failed: only 4000 of 8007 characters came\n",
-         false},
-        {"no digit", badDigit + fill,
-         "capturing failed: character 100 is not a hexadecimal digit\n", false},
-        {"no zeros", badZeros,
-         "capturing failed: \"01\" stands behind the memory in place of \"00\"\n", false},
-        {"checksum", badCrc + fill, nullptr, false},
-        {"text behind", other + fill + "hi", "captured, 0 tickets\nreceived 2 characters: hi\n",
-         true},
+        std::string screen;
+    } table[] = {
+        {"image and fill", other + fill, taken},
+        {"noise before", "#\r\n" + other + fill, taken},
+        {"restart", other.substr(0, 500) + other + fill, taken},
+        {"text behind", other + fill + "A\r", taken + "received 2 characters: A<13>\n"},
+        {"nothing", "", ""},
+        {"cut", other.substr(0, 4000), failed + "only 4000 of 8007 characters came\n"},
+        {"no digit", with(99, "x"), failed + "character 100 is not a hexadecimal digit\n"},
+        {"no zeros", with(8002, "1"),
+         failed + "\"01\" stands behind the memory in place of \"00\"\n"},
+        {"checksum", with(8003, "0001"),
+         failed + "the checksum is 0001 and should be " + right + "\n"},
     };
     for (const auto& row : table) {
         SCOPED_TRACE(row.name);
-        Indicator fresh(Image, {});
-        fresh.StartCapture();
-        EXPECT_EQ(fresh.TakeScreen(), "capturing\n");
-        fresh.Receive(row.line.substr(0, 3));
-        fresh.Receive(row.line.substr(std::min<std::size_t>(3, row.line.size())));
-        fresh.Silence();
-        const std::string screen = fresh.TakeScreen();
-        if (row.screen != nullptr) {
-            EXPECT_EQ(screen, row.screen);
-        } else {
-            EXPECT_TRUE(screen.starts_with("capturing failed: the checksum is "));
-        }
-        EXPECT_EQ(fresh.Memory(), row.taken ? other : Image);
+        Indicator indicator(Image, {});
+        indicator.StartCapture();
+        EXPECT_EQ(indicator.TakeScreen(), "capturing\n");
+        indicator.Receive(row.line.substr(0, 3));
+        indicator.Receive(row.line.substr(std::min<std::size_t>(3, row.line.size())));
+        indicator.Silence();
+        EXPECT_EQ(indicator.TakeScreen(), row.screen);
+        EXPECT_EQ(indicator.Memory(), row.screen.starts_with(taken) ? other : Image);
     }
 }
 
-TEST_F(IndicatorTest, ShowsWhatItDoesNotCapture) {
-    indicator.Receive("A\r");
-    indicator.Receive("B");
-    EXPECT_EQ(indicator.TakeScreen(), "");
-    indicator.Silence();
-    EXPECT_EQ(indicator.TakeScreen(), "received 3 characters: A<13>B\n");
-}
-
-TEST_F(IndicatorTest, TransmitsItsMemory) {
-    EXPECT_EQ(Run("77"), "transmitting 2 tickets\n");
-    EXPECT_EQ(indicator.TakeTransmission(), Image + "\r\n");
-    EXPECT_EQ(indicator.TakeTransmission(), "");
-    Run(" NOISE ");
-    const std::string noise = indicator.TakeTransmission();
-    EXPECT_EQ(noise.size(), static_cast<std::size_t>(NoiseLength));
-    EXPECT_EQ(noise.find(':'), std::string::npos);
-}
-
-TEST_F(IndicatorTest, PrintsCodesByTheirComment) {
+TEST(Indicator, ObeysItsPanel) {
+    const ScratchFolder folder;
     std::ofstream(folder.Path() + "/control") << "005 Bold on\r\n";
-    EXPECT_EQ(Run("p"), "-- Print: ticket 212 --\nA<BOLD ON>\n<P007>\u00E4<A27>\n--\n");
-    EXPECT_EQ(Run("O"), "no ticket is bound to Out\n");
-    EXPECT_EQ(Run("list"), "212 Print\n640\n2 tickets\n");
-}
-
-TEST_F(IndicatorTest, PanelPassesSwitchesOn) {
-    for (const char* command : {"speed 9600", "cut 0", "STALL  17", "stall"}) {
-        EXPECT_EQ(Run(command), "");
+    Indicator indicator(Image, {folder.Path() + "/control", folder.Path() + "/print"});
+    Panel panel(indicator, {[&](int baud) { indicator.Say("speed = " + std::to_string(baud)); },
+                            [&](int count) { indicator.Say("cut = " + std::to_string(count)); },
+                            [&](int count) { indicator.Say("stall = " + std::to_string(count)); },
+                            [&] { indicator.Say("resume"); }});
+    const std::string block = folder.Path() + "/My block.VRB";
+    const std::pair<std::string, std::string> table[] = {
+        {"p", "-- Print: ticket 212 --\nA<BOLD ON>\n<P007>\u00E4<A27>\n--\n"},
+        {"O", "no ticket is bound to Out\n"},
+        {"list", "212 Print\n640\n2 tickets\n"},
+        {"save " + block, "saved as " + block + "\n"},
+        {"speed 9600", "speed = 9600\n"},
+        {"cut 0", "cut = 0\n"},
+        {"STALL  17", "stall = 17\n"},
+        {"stall", "resume\n"},
+        {"", ""},
+    };
+    for (const auto& [command, screen] : table) {
+        panel.Run(command);
+        EXPECT_EQ(indicator.TakeScreen(), screen) << command;
     }
-    EXPECT_EQ(switched, (std::vector<std::string>{"speed 9600", "cut 0", "stall 17", "resume"}));
-    for (const char* command : {"79", "speed", "speed x", "speed -1", "cut", "save", "list all",
-                                "stall 99999999999", "ps"}) {
-        EXPECT_TRUE(Run(command).starts_with("not understood: ")) << command;
+    for (const char* command : {"79", "speed -1", "cut", "stall 99999999999", "ps", "list all"}) {
+        panel.Run(command);
+        EXPECT_TRUE(indicator.TakeScreen().starts_with("not understood: ")) << command;
     }
-    EXPECT_EQ(Run(""), "");
-    EXPECT_NE(Run("help").find("save FILE"), std::string::npos);
+    std::string saved;
+    EXPECT_EQ(ReadFile(block, saved), std::nullopt);
+    EXPECT_EQ(saved, Image + "\r\n");
+    panel.Run("save /nowhere/x.VRB");
+    EXPECT_FALSE(indicator.TakeScreen().starts_with("saved"));
+    panel.Run(" NOISE ");
+    EXPECT_EQ(indicator.TakeTransmission().find(':'), std::string::npos);
     EXPECT_FALSE(panel.HasQuit());
-    Run("quit");
+    panel.Run("quit");
     EXPECT_TRUE(panel.HasQuit());
 }
 
-TEST_F(IndicatorTest, SavesABlockFile) {
-    const std::string path = folder.Path() + "/My block.VRB";
-    EXPECT_EQ(Run(("save " + path).c_str()), "saved as " + path + "\n");
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), Image + "\r\n");
-    EXPECT_FALSE(Run("save /nowhere/x.VRB").starts_with("saved"));
+TEST(Line, CarriesAtItsSpeed) {
+    Line line;
+    line.SetSpeed(10000);  // 1000 characters a second
+    const Line::Time start{std::chrono::seconds(1000)};
+    line.PutIn(Direction::ToIndicator, "abcdef", start);
+    line.StallAfter(3);
+    const std::pair<int, const char*> table[] = {{0, ""}, {2, "ab"}, {2, ""}, {5, "c"}, {9, ""}};
+    for (const auto& [time, carried] : table) {
+        const auto now = start + std::chrono::milliseconds(time);
+        EXPECT_EQ(line.TakeOut(Direction::ToIndicator, now), carried) << time;
+    }
+    line.Resume();  // the time it stood still does not count
+    const auto later = start + std::chrono::milliseconds(10);
+    EXPECT_EQ(line.TakeOut(Direction::ToIndicator, later), "d");
+    EXPECT_FALSE(line.IsFull(Direction::ToIndicator));
+    line.PutIn(Direction::ToIndicator, "1234567", later);
+    EXPECT_TRUE(line.IsFull(Direction::ToIndicator));
+}
+
+TEST(PortOffer, TakesAFreeNumberAndCleansUp) {
+    const ScratchFolder folder;
+    const auto target = [&](int number) {
+        return std::filesystem::read_symlink(folder.Path() + "/COM" + std::to_string(number));
+    };
+    std::filesystem::create_symlink("/dev/pts/99999", folder.Path() + "/COM200");  // left behind
+    std::filesystem::create_symlink("/dev/unplugged", folder.Path() + "/COM201");  // the user's
+    {
+        PortOffer offers[] = {{folder.Path(), 0}, {folder.Path(), 0}, {folder.Path(), 200}};
+        for (PortOffer& offer : offers) {
+            offer.Offer("/dev/null");
+            EXPECT_EQ(target(offer.Number()), "/dev/null");
+        }
+        EXPECT_NE(offers[0].Number(), offers[1].Number());
+        EXPECT_THROW(PortOffer(folder.Path(), 201).Offer("/dev/null"), std::runtime_error);
+    }
+    EXPECT_EQ(target(201), "/dev/unplugged");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
 
 }  // namespace

@@ -53,11 +53,11 @@ struct LinkWindow {
             {"Items in ticket block will be lost.", "Warning", Buttons::OkCancel, Icon::Critical},
             answer);
     }
-    void ExpectConfirmation(Answer answer, std::function<void()> meanwhile = {}) {
+    void ExpectConfirmation(Answer answer) {
         platform.dialogs.Expect({"Start TICKET BUFFER CAPTURING in Varno (parameter 78),\r\n"
                                  "then click OK button.",
                                  "Varno Ticket Formatter", Buttons::OkCancel, Icon::Exclamation},
-                                answer, std::move(meanwhile));
+                                answer);
     }
     void ExpectError(const std::string& text, const std::string& title) {
         platform.dialogs.Expect({text, title, Buttons::Ok, Icon::Critical}, Answer::Ok);

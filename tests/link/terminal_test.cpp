@@ -25,88 +25,65 @@ struct TerminalTest : testing::Test {
             return made;
         };
     }
-    void Open(FakeWindow::Script script) {
-        platform.Operate(std::move(script));
+    // The script leaves the window open.
+    void Open(const FakeWindow::Script& script) {
+        platform.Operate([script](FakeWindow& window) {
+            script(window);
+            window.Get<FakeButton>("Command2").Click();
+        });
         terminal.OpenTerminalWindow_Click();
     }
     void ExpectError(const char* text) {
         platform.dialogs.Expect({text, "Error", Buttons::Ok, Icon::Critical}, Answer::Ok);
     }
     static FakeTextArea& Text(FakeWindow& window) { return window.Get<FakeTextArea>("Text1"); }
-    static void Exit(FakeWindow& window) { window.Get<FakeButton>("Command2").Click(); }
 };
 
 TEST_F(TerminalTest, TakesThePortOverEachTimeItIsShown) {
     EXPECT_FALSE(mainPort.SetCommPort(4) || mainPort.SetSettings("4800,e,7,1"));
-    for (int time = 1; time <= 2; ++time) {
-        EXPECT_FALSE(mainPort.OpenPort());  // an upload waits
-        Open([&](FakeWindow& window) {
-            EXPECT_FALSE(mainPort.PortOpen());
-            EXPECT_TRUE(port->PortOpen());
-            EXPECT_EQ(port->CommPort(), 4);
-            EXPECT_EQ(port->Settings(), "4800,e,7,1");
-            Exit(window);
-        });
-        EXPECT_FALSE(port->PortOpen());
-        EXPECT_FALSE(mainPort.PortOpen());
-        EXPECT_EQ(port->openings, time);
-    }
-}
-
-TEST_F(TerminalTest, ShowsTheLineAndSendsWhatIsTyped) {
+    EXPECT_FALSE(mainPort.OpenPort());  // an upload waits
     Open([&](FakeWindow& window) {
+        EXPECT_FALSE(mainPort.PortOpen());
+        EXPECT_EQ(port->CommPort(), 4);
+        EXPECT_EQ(port->Settings(), "4800,e,7,1");
         port->Arrive("ready\r\n");
         Text(window).Type("A\r\x1B");
         EXPECT_EQ(Text(window).Text(), "ready\r\nA\r\x1B");
-        port->Drain();
         EXPECT_EQ(port->sent, "A\r\x1B");
         window.Get<FakeButton>("Command1").Click();
-        EXPECT_EQ(Text(window).Text(), "");
-        EXPECT_TRUE(port->PortOpen());
         port->Arrive("more");
-        Exit(window);
     });
-    Open([&](FakeWindow& window) {
-        EXPECT_EQ(Text(window).Text(), "more");
+    EXPECT_FALSE(port->PortOpen());
+    EXPECT_FALSE(mainPort.OpenPort());
+    platform.Operate([&](FakeWindow& window) {
+        EXPECT_FALSE(mainPort.PortOpen());
+        EXPECT_TRUE(port->PortOpen());
+        EXPECT_EQ(Text(window).Text(), "more");  // Exit has only hidden it
         window.Close();
         EXPECT_FALSE(port->PortOpen());
     });
-    Open([&](FakeWindow& window) {
-        EXPECT_EQ(Text(window).Text(), "");
-        EXPECT_TRUE(port->PortOpen());
-        Exit(window);
-    });
-    EXPECT_EQ(platform.windowsCreated, 2);
+    terminal.OpenTerminalWindow_Click();
+    Open([&](FakeWindow& window) { EXPECT_EQ(Text(window).Text(), ""); });
 }
 
-TEST_F(TerminalTest, StaysOpenWithoutAPort) {
+TEST_F(TerminalTest, SaysOnceThatThereIsNoLine) {
     openError = "in use";
     ExpectError("in use");
     Open([&](FakeWindow& window) {
         Text(window).Type("abc");
         EXPECT_TRUE(window.IsShown());
-        Exit(window);
     });
     port->openError.reset();
-    Open([&](FakeWindow& window) {
-        EXPECT_TRUE(port->PortOpen());
-        Exit(window);
-    });
-}
-
-TEST_F(TerminalTest, SaysOnceThatItCannotSend) {
     Open([&](FakeWindow& window) {
         port->broken = true;
         ExpectError("cannot send");
         Text(window).Type("abc");
-        platform.dialogs.ExpectNoMore();
         EXPECT_FALSE(port->PortOpen());
-        EXPECT_EQ(Text(window).Text(), "abc");
-        Exit(window);
+        EXPECT_EQ(Text(window).Text(), "abcabc");
     });
 }
 
-TEST(TerminalLayout, FollowsTheWindow) {
+TEST_F(TerminalTest, LaysItselfOutOrClosesWhenTooSmall) {
     const auto layout = LayOutTerminal(6000, 7000);
     ASSERT_TRUE(layout);
     EXPECT_EQ(layout->text, (Place{120, 60, 5655, 5860}));
@@ -115,12 +92,10 @@ TEST(TerminalLayout, FollowsTheWindow) {
     EXPECT_TRUE(LayOutTerminal(345, 1140));
     EXPECT_FALSE(LayOutTerminal(344, 7000));
     EXPECT_FALSE(LayOutTerminal(6000, 1139));
-}
 
-TEST_F(TerminalTest, ClosesWhenMadeTooSmallAndOpensAgain) {
     Open([&](FakeWindow& window) {
         window.SetOuterPlace({0, 0, 6000, 7000});
-        EXPECT_EQ(Text(window).GetPlace().width, 5655);
+        EXPECT_EQ(Text(window).GetPlace(), layout->text);
         window.SetOuterPlace({0, 0, 6000, 1100});
         EXPECT_FALSE(window.IsShown());
         EXPECT_FALSE(port->PortOpen());
@@ -128,7 +103,6 @@ TEST_F(TerminalTest, ClosesWhenMadeTooSmallAndOpensAgain) {
     Open([&](FakeWindow& window) {
         window.OnResize();
         EXPECT_TRUE(window.IsShown());
-        Exit(window);
     });
 }
 

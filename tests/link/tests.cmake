@@ -5,4 +5,4 @@ varno_test(link_test
     link/terminal_test.cpp
     link/upload_test.cpp
     LINKS link)
-varno_test(indicator_test link/indicator_test.cpp link/line_test.cpp LINKS indicator_line)
+varno_test(indicator_test link/indicator_test.cpp LINKS indicator_line)
