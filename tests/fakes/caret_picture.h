@@ -21,33 +21,28 @@ inline CaretPicture FromCaretPicture(std::string_view picture) {
     CaretPicture result{.text = FromPicture(picture)};
     const auto take = [&](char16_t mark) {
         const std::size_t at = result.text.Text().find(mark);
-        if (at == std::u16string::npos) {
-            return -1;
-        }
+        if (at == std::u16string::npos) return -1;
         result.typing = result.text.FormatAt(at);
         result.text.Erase(at, 1);
         return static_cast<int>(at);
     };
     result.start = take(u'|');
-    if (result.start < 0) {
-        result.start = take(u'[');
-        const int end = take(u']');
-        result.length = end < 0 ? 0 : end - result.start;
-    }
+    if (result.start >= 0) return result;
+    result.start = take(u'[');
+    const int end = take(u']');
+    result.length = end < 0 ? 0 : end - result.start;
     return result;
 }
 
 inline std::string ToPicture(const CaretPicture& picture) {
     MarkedText text = picture.text;
-    const auto put = [&](int position, std::u16string_view mark, const CharFormat& format) {
-        text.Insert(static_cast<std::size_t>(position), mark, format);
-    };
+    const auto start = static_cast<std::size_t>(picture.start);
     if (picture.length > 0) {
-        const int end = picture.start + picture.length;
-        put(end, u"]", text.FormatAt(static_cast<std::size_t>(end - 1)));
-        put(picture.start, u"[", text.FormatAt(static_cast<std::size_t>(picture.start)));
+        const std::size_t end = start + static_cast<std::size_t>(picture.length);
+        text.Insert(end, u"]", text.FormatAt(end - 1));
+        text.Insert(start, u"[", text.FormatAt(start));
     } else if (picture.start >= 0) {
-        put(picture.start, u"|", picture.typing);
+        text.Insert(start, u"|", picture.typing);
     }
     return ToPicture(text);
 }

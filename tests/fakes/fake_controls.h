@@ -8,12 +8,17 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 #include "platform/controls.h"
 
 namespace varno {
+
+template <class... Arguments>
+void Raise(const std::function<void(Arguments...)>& event,
+           std::type_identity_t<Arguments>... arguments) {
+    if (event) event(arguments...);
+}
 
 // The control that has the focus, of all fakes together; there is one desktop.
 inline Control* FocusedControl = nullptr;
@@ -22,11 +27,8 @@ template <class Interface>
 class FakeControl : public Interface {
   public:
     ~FakeControl() override {
-        if (HasFocus()) {
-            FocusedControl = nullptr;
-        }
+        if (HasFocus()) FocusedControl = nullptr;
     }
-
     bool Enabled() const override { return enabled_; }
     void SetEnabled(bool enabled) override { enabled_ = enabled; }
     bool Visible() const override { return visible_; }
@@ -36,13 +38,9 @@ class FakeControl : public Interface {
     void SetToolTip(const std::string& text) override { toolTip_ = text; }
     // A control that is disabled or has the focus already ignores it.
     void SetFocus() override {
-        if (!Usable() || HasFocus()) {
-            return;
-        }
+        if (!Usable() || HasFocus()) return;
         FocusedControl = this;
-        if (this->OnGotFocus) {
-            this->OnGotFocus();
-        }
+        Raise(this->OnGotFocus);
     }
 
     const std::string& ToolTip() const { return toolTip_; }
@@ -55,14 +53,6 @@ class FakeControl : public Interface {
     Place place_;
     std::string toolTip_;
 };
-
-template <class... Arguments>
-void Raise(const std::function<void(Arguments...)>& event,
-           std::type_identity_t<Arguments>... arguments) {
-    if (event) {
-        event(arguments...);
-    }
-}
 
 class FakeLabel final : public FakeControl<Label> {
   public:
@@ -79,61 +69,63 @@ class FakeLabel final : public FakeControl<Label> {
 class FakeButton final : public FakeControl<Button> {
   public:
     void Click() {
-        if (Usable()) {
-            SetFocus();
-            Raise(OnClick);
-        }
+        if (!Usable()) return;
+        SetFocus();
+        Raise(OnClick);
     }
 };
 
-class FakeToggleButton final : public FakeControl<ToggleButton> {
+// What is on or off.
+template <class Interface>
+class FakeSwitch : public FakeControl<Interface> {
   public:
-    bool Value() const override { return pressed_; }
-    void SetValue(bool pressed) override { pressed_ = pressed; }
+    bool Value() const override { return on_; }
+    void SetValue(bool on) override { on_ = on; }
 
-    void LeftClick() { Use(true, OnMouseUp); }
-    void RightClick() { Use(false, OnMouseUp); }
-    void PressByKey() { Use(true, OnClick); }
+    // The operator uses it, which toggles it unless said otherwise.
+    void Use(const std::function<void()>& event, bool toggle = true) {
+        this->SetFocus();
+        on_ = on_ != toggle;
+        Raise(event);
+    }
 
   private:
-    void Use(bool toggle, const std::function<void()>& event) {
-        if (Usable()) {
-            SetFocus();
-            pressed_ = pressed_ != toggle;
-            Raise(event);
-        }
-    }
+    bool on_ = false;
+};
+using FakeToggleButton = FakeSwitch<ToggleButton>;
 
-    bool pressed_ = false;
+class FakeCheckBox final : public FakeSwitch<CheckBox> {
+  public:
+    void Click() { Use(OnClick); }
 };
 
-class FakeTextBox final : public FakeControl<TextBox> {
+// One line of text that tells of its changes.
+template <class Interface>
+class FakeField : public FakeControl<Interface> {
   public:
     std::string Text() const override { return text_; }
     void SetText(const std::string& text) override {
-        if (text_ != text) {
-            text_ = text;
-            Raise(OnChange);
-        }
+        if (text_ == text) return;
+        text_ = text;
+        Raise(this->OnChange);
     }
-    void SetSelStart(int position) override { selStart = position; }
+
+  protected:
+    std::string text_;
+};
+
+class FakeTextBox final : public FakeField<TextBox> {
+  public:
+    void SetSelStart(int) override {}
 
     // Types at the end, characters of ASCII.
     void Type(const std::string& characters) {
         SetFocus();
         for (const char c : characters) {
             const bool kept = !OnKeyPress || OnKeyPress(static_cast<unsigned char>(c));
-            if (kept && (maxLength == 0 || text_.size() < maxLength)) {
-                SetText(text_ + c);
-            }
+            if (kept) SetText(text_ + c);
         }
     }
-
-    std::size_t maxLength = 0;  // 0 means any number
-    int selStart = 0;
-
-  private:
-    std::string text_;
 };
 
 class FakeTextArea final : public FakeControl<TextArea> {
@@ -162,8 +154,8 @@ class FakeListBox final : public FakeControl<ListBox> {
     int ListCount() const override { return static_cast<int>(rows_.size()); }
     std::string List(int index) const override { return rows_.at(Index(index)); }
     void AddItem(const std::string& text) override {
-        const auto place =
-            sorted_ ? std::upper_bound(rows_.begin(), rows_.end(), text) : rows_.end();
+        const auto end = rows_.end();
+        const auto place = sorted_ ? std::upper_bound(rows_.begin(), end, text) : end;
         InsertItem(static_cast<int>(place - rows_.begin()), text);
     }
     void InsertItem(int index, const std::string& text) override {
@@ -208,33 +200,13 @@ class FakeTimer final : public Timer {
     void SetInterval(int milliseconds) override { interval = milliseconds; }
 
     void Tick() {
-        if (enabled_) {
-            Raise(OnTimer);
-        }
+        if (enabled_) Raise(OnTimer);
     }
 
     int interval = 0;
 
   private:
     bool enabled_ = true;
-};
-
-class FakeMenuItem final : public MenuItem {
-  public:
-    bool Enabled() const override { return enabled_; }
-    void SetEnabled(bool enabled) override { enabled_ = enabled; }
-    bool Visible() const override { return visible_; }
-    void SetVisible(bool visible) override { visible_ = visible; }
-
-    void Choose() {
-        if (enabled_ && visible_) {
-            Raise(OnClick);
-        }
-    }
-
-  private:
-    bool enabled_ = true;
-    bool visible_ = true;
 };
 
 }  // namespace varno

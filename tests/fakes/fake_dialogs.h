@@ -39,7 +39,7 @@ class FakeDialogs final : public Dialogs {
         script_.push_back({Shown(message), answer, {}, {}, std::move(meanwhile)});
     }
     void ExpectInput(const std::string& title, const std::string& prompt, std::string reply) {
-        script_.push_back({InputShown(title, prompt), {}, std::move(reply), {}, {}});
+        script_.push_back({"\"" + title + "\": \"" + prompt, {}, std::move(reply), {}, {}});
     }
     void ExpectOpen(std::optional<ChosenFile> chosen) {
         script_.push_back({"open dialog", {}, {}, std::move(chosen), {}});
@@ -51,35 +51,33 @@ class FakeDialogs final : public Dialogs {
     void Listen(std::function<void(const Message&)> hear) { hear_ = std::move(hear); }
     // All that was expected so far has come; also checked at the end.
     void ExpectNoMore() {
-        for (const Step& step : script_) {
-            ADD_FAILURE() << "never asked: " << step.question;
-        }
+        for (const Step& step : script_) ADD_FAILURE() << "never asked: " << step.question;
         script_.clear();
     }
 
     Answer ShowMessage(const std::string& text, const std::string& title, Buttons buttons,
                        Icon icon) override {
+        const Message message{text, title, buttons, icon};
         if (hear_) {
-            hear_({text, title, buttons, icon});
+            hear_(message);
             return Answer::Ok;
         }
-        const std::optional<Step> step = Next(Shown({text, title, buttons, icon}));
-        if (step && step->meanwhile) {
-            step->meanwhile();
-        }
-        return step ? step->answer : ClosedBox(buttons);
+        const Step step = Next(Shown(message));
+        if (step.meanwhile) step.meanwhile();
+        return step.answer;
     }
     std::string InputBox(const std::string& prompt, const std::string& title,
                          const std::string& defaultText) override {
         inputDefaults.push_back(defaultText);
-        const std::optional<Step> step = Next(InputShown(title, prompt));
-        return step ? step->reply : "";
+        return Next("\"" + title + "\": \"" + prompt).reply;
     }
     std::optional<ChosenFile> ShowOpen(const FileDialog& dialog) override {
-        return ShowFileDialog("open dialog", dialog);
+        fileDialogs.push_back(dialog);
+        return Next("open dialog").chosen;
     }
     std::optional<ChosenFile> ShowSave(const FileDialog& dialog) override {
-        return ShowFileDialog("save dialog", dialog);
+        fileDialogs.push_back(dialog);
+        return Next("save dialog").chosen;
     }
 
     std::vector<std::string> inputDefaults;  // what the input boxes offered
@@ -88,31 +86,18 @@ class FakeDialogs final : public Dialogs {
   private:
     struct Step {
         std::string question;
-        Answer answer;
+        Answer answer = Answer::Cancel;
         std::string reply;
         std::optional<ChosenFile> chosen;
         std::function<void()> meanwhile;
     };
 
-    static std::string InputShown(const std::string& title, const std::string& prompt) {
-        return "input box \"" + title + "\": \"" + prompt + "\"";
-    }
-    static Answer ClosedBox(Buttons buttons) {
-        return buttons == Buttons::Ok      ? Answer::Ok
-               : buttons == Buttons::YesNo ? Answer::No
-                                           : Answer::Cancel;
-    }
-    std::optional<ChosenFile> ShowFileDialog(const std::string& question,
-                                             const FileDialog& dialog) {
-        fileDialogs.push_back(dialog);
-        const std::optional<Step> step = Next(question);
-        return step ? step->chosen : std::nullopt;
-    }
-    std::optional<Step> Next(const std::string& question) {
+    // An unexpected question is cancelled, so that no loop asks for ever.
+    Step Next(const std::string& question) {
         if (script_.empty() || script_.front().question != question) {
             ADD_FAILURE() << "unexpected: " << question << "\nexpected:   "
                           << (script_.empty() ? "nothing" : script_.front().question);
-            return std::nullopt;
+            return {};
         }
         Step step = std::move(script_.front());
         script_.pop_front();

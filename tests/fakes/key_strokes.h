@@ -4,7 +4,6 @@
 #pragma once
 
 #include <map>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,22 +17,13 @@ struct KeyStroke {
     int code = KeyNone;  // KeyNone: a click
     int shift = ShiftNone;
     std::u16string text = {};  // what the key types, if anything
-    std::string name = {};
 };
 
-inline KeyStroke LetterStroke(char16_t character) {
-    KeyStroke stroke{.text = {character}, .name = ToUtf8({&character, 1})};
-    if (character >= u'a' && character <= u'z') {
-        stroke.code = character - u'a' + 'A';
-    } else if (character >= u'A' && character <= u'Z') {
-        stroke.code = character;
-        stroke.shift = ShiftShift;
-    } else if ((character >= u'0' && character <= u'9') || character == u' ') {
-        stroke.code = character;
-    } else {
-        stroke.code = KeyOther;
-    }
-    return stroke;
+inline KeyStroke LetterStroke(char16_t c) {
+    if (c >= u'a' && c <= u'z') return {c - u'a' + 'A', ShiftNone, {c}};
+    if (c >= u'A' && c <= u'Z') return {c, ShiftShift, {c}};
+    const bool plain = (c >= u'0' && c <= u'9') || c == u' ';
+    return {plain ? int{c} : KeyOther, ShiftNone, {c}};
 }
 
 inline KeyStroke NamedStroke(std::string name) {
@@ -43,38 +33,28 @@ inline KeyStroke NamedStroke(std::string name) {
         {"Left", KeyLeft},   {"Up", KeyUp},         {"Right", KeyRight}, {"Down", KeyDown},
         {"Ins", KeyInsert},  {"Del", KeyDelete},    {"F5", KeyOther},
     };
-    KeyStroke stroke{.name = name};
+    int shift = ShiftNone;
     for (; name.size() > 2 && name[1] == '-'; name.erase(0, 2)) {
-        stroke.shift += name[0] == 'C' ? ShiftCtrl : name[0] == 'S' ? ShiftShift : ShiftAlt;
+        shift += name[0] == 'C' ? ShiftCtrl : name[0] == 'S' ? ShiftShift : ShiftAlt;
     }
-    if (name.size() == 1) {
-        stroke.code = static_cast<unsigned char>(name[0]);
-        // What a German keyboard types with Shift and 7.
-        stroke.text = name == "7" && stroke.shift == ShiftShift ? u"/" : FromUtf8(name);
-    } else if (name.starts_with("Pad")) {
-        stroke.code = KeyPad0 + name[3] - '0';
-        stroke.text = FromUtf8(name.substr(3));
-    } else {
-        stroke.code = codes.at(name);
-        stroke.text = stroke.code == KeySpace ? u" " : u"";
+    if (name.size() == 1) return {static_cast<unsigned char>(name[0]), shift, FromUtf8(name)};
+    if (name.starts_with("Pad")) {
+        return {KeyPad0 + name[3] - '0', shift, FromUtf8(name.substr(3))};
     }
-    return stroke;
+    const int code = codes.at(name);
+    return {code, shift, code == KeySpace ? u" " : u""};
 }
 
 inline std::vector<KeyStroke> ParseKeys(std::string_view keys) {
     std::vector<KeyStroke> strokes;
     while (!keys.empty()) {
-        if (keys.front() == '<') {
-            const auto close = keys.find('>');
-            strokes.push_back(NamedStroke(std::string(keys.substr(1, close - 1))));
-            keys.remove_prefix(close + 1);
-        } else {
-            const auto run = keys.substr(0, keys.find('<'));
-            for (const char16_t character : FromUtf8(run)) {
-                strokes.push_back(LetterStroke(character));
-            }
-            keys.remove_prefix(run.size());
-        }
+        const auto run = keys.substr(0, keys.find('<'));
+        for (const char16_t character : FromUtf8(run)) strokes.push_back(LetterStroke(character));
+        keys.remove_prefix(run.size());
+        if (keys.empty()) break;
+        const auto close = keys.find('>');
+        strokes.push_back(NamedStroke(std::string(keys.substr(1, close - 1))));
+        keys.remove_prefix(close + 1);
     }
     return strokes;
 }
