@@ -3,5 +3,4 @@ varno_test(block_test
     block/keys_test.cpp
     block/list_test.cpp
     block/put_delete_test.cpp
-    block/random_test.cpp
     LINKS block)
