@@ -2,8 +2,6 @@
 // proper state, nothing is asked or said that is not due, and the program comes to rest.
 #include <gtest/gtest.h>
 
-#include <iostream>
-
 #include "link/progress.h"
 #include "tests/line/cable.h"
 #include "tests/link/link_window.h"
@@ -70,12 +68,10 @@ class TrippedPort final : public SerialControl {
     std::size_t handedOver_ = 0;
 };
 
-struct FaultyDownload {
-    FaultyDownload(Fault fault, std::size_t at)
-        : tripped(*port, at, [this, fault] { Happen(fault); }), window(tripped) {
-        window.Load(TwoTickets());
+struct FaultyTransfer {
+    explicit FaultyTransfer(Fault expected, std::size_t at = std::string::npos)
+        : fault(expected), tripped(*port, at, [this] { Happen(); }), window(tripped) {
         window.platform.onDoEvents = [] { QCoreApplication::processEvents(); };
-        abortWhenStuck.setInterval(2);
         QObject::connect(&abortWhenStuck, &QTimer::timeout, [this] {
             if (std::exchange(handedOver, tripped.HandedOver()) == tripped.HandedOver()) {
                 window.transfer.Abort_Click();
@@ -84,23 +80,30 @@ struct FaultyDownload {
         });
     }
 
-    void Happen(Fault fault) {
+    void Happen() {
         happened = true;
         switch (fault) {
             case Fault::Cut:
                 return cable.Cut();
             case Fault::StallThenAbort:
                 cable.Stall();
-                return abortWhenStuck.start();
+                return abortWhenStuck.start(2);
             case Fault::SilenceThenEsc:
                 return QTimer::singleShot(0, [this] { window.transfer.Form_KeyPress(27); });
             case Fault::Closing:
                 return QTimer::singleShot(0, [this] { window.transfer.Stop(); });
         }
     }
+    void ExpectRest() {
+        EXPECT_FALSE(port->PortOpen());
+        EXPECT_EQ(window.Message.Caption(), "");
+        EXPECT_EQ(window.log.back(), "transfer ended");
+        EXPECT_LT(ProcessorUse(RestMilliseconds), RestingUse);
+    }
 
+    Fault fault;
     bool happened = false;
-    Cable cable;
+    Cable cable{TwoTickets()};
     std::unique_ptr<SerialControl> port = cable.MakePort();
     TrippedPort tripped;
     LinkWindow window;
@@ -109,82 +112,48 @@ struct FaultyDownload {
 };
 
 TEST(Faults, EndADownload) {
-    double worst = 0;
     for (const auto& [name, fault] : Faults) {
         for (const unsigned at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007, 8008, 8368}) {
             SCOPED_TRACE(testing::Message() << name << " at " << at);
-            FaultyDownload run(fault, at);
+            FaultyTransfer run(fault, at);
+            run.window.Load(TwoTickets());
             run.window.ExpectConfirmation(Answer::Ok);
             run.window.download.Transmit_Click();
             EXPECT_TRUE(run.happened);
-            EXPECT_FALSE(run.port->PortOpen());
-            EXPECT_EQ(run.window.Message.Caption(), "");
-            EXPECT_EQ(run.window.log.back(), "transfer ended");
             EXPECT_EQ(run.window.block.TicketBuffer, TwoTickets());
-            if (fault != Fault::Closing && at < ImageLength) {
-                EXPECT_EQ(run.window.Message.painted.back(), TransmittingText(100));
-            }
+            const auto& painted = run.window.Message.painted;
+            const bool shownToTheEnd = !painted.empty() && painted.back() == TransmittingText(100);
+            EXPECT_EQ(shownToTheEnd, fault != Fault::Closing || at >= ImageLength);
             // Abort bites at once: no more than what was in flight goes on.
             EXPECT_LE(run.tripped.HandedOver(), at + 2 * SerialControl::OutBufferSize);
-            const double use = ProcessorUse(RestMilliseconds);
-            EXPECT_LT(use, RestingUse);
-            worst = std::max(worst, use);
+            run.ExpectRest();
         }
     }
-    std::cout << "largest processor use after a download: " << worst << '\n';
 }
 
-struct FaultyUpload {
-    FaultyUpload() { window.upload.Retrieve_Click(); }
-    // Lets the indicator send so many characters of its image, and no more.
-    void Receive(std::size_t count) {
-        cable.Wire().StallAfter(static_cast<int>(count));
-        cable.indicator.Transmit();
-        cable.Step();
-        EXPECT_TRUE(WaitFor([&] { return window.block.TicketBuffer.size() == count; }));
-    }
-    void Happen(Fault fault) {
-        switch (fault) {
-            case Fault::Cut:
-                return cable.Cut();
-            case Fault::StallThenAbort:
-                return window.transfer.Abort_Click();
-            case Fault::SilenceThenEsc:
-                return window.transfer.Form_KeyPress(27);
-            case Fault::Closing:
-                return window.transfer.Stop();
-        }
-    }
-
-    Cable cable{TwoTickets()};
-    std::unique_ptr<SerialControl> port = cable.MakePort();
-    LinkWindow window{*port};
-};
-
 TEST(Faults, EndAnUpload) {
-    double worst = 0;
     for (const auto& [name, fault] : Faults) {
         for (const unsigned at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007}) {
             SCOPED_TRACE(testing::Message() << name << " at " << at);
-            FaultyUpload run;
-            run.Receive(at);
+            FaultyTransfer run(fault);
+            run.window.upload.Retrieve_Click();
+            run.cable.Wire().StallAfter(static_cast<int>(at));
+            run.cable.indicator.Transmit();
+            run.cable.Step();
+            EXPECT_TRUE(WaitFor([&] { return run.window.block.TicketBuffer.size() == at; }));
             const std::string caption = run.window.Message.Caption();
             EXPECT_EQ(caption.starts_with("Receiving"), at > 0) << caption;
-            run.Happen(fault);
+            run.Happen();
             EXPECT_TRUE(WaitFor([&] { return !run.port->PortOpen(); }));
             EXPECT_EQ(run.window.block.TicketBuffer, TwoTickets().substr(0, at));
-            const double use = ProcessorUse(RestMilliseconds);
-            EXPECT_LT(use, RestingUse);
-            worst = std::max(worst, use);
             if (fault == Fault::Cut) {  // it waits for Abort, as it does for a silent indicator
                 EXPECT_EQ(run.window.Message.Caption(), caption);
+                EXPECT_LT(ProcessorUse(RestMilliseconds), RestingUse);
                 run.window.transfer.Abort_Click();
             }
-            EXPECT_EQ(run.window.Message.Caption(), "");
-            EXPECT_EQ(run.window.log.back(), "transfer ended");
+            run.ExpectRest();
         }
     }
-    std::cout << "largest processor use after an upload: " << worst << '\n';
 }
 
 }  // namespace

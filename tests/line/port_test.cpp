@@ -16,6 +16,9 @@ struct PortTest : testing::Test {
     PortTest() {
         port->OnReceive = [this] { received += port->Input(); };
     }
+    static void ExpectComplaint(const Error& error, const std::string& part) {
+        EXPECT_NE(error.value_or("none").find(part), std::string::npos) << error.value_or("none");
+    }
     void Send(const std::string& characters) {
         for (const char character : characters) {
             port->WaitForRoom(1);
@@ -35,26 +38,19 @@ TEST_F(PortTest, RefusesWhatItCannotBeSetTo) {
 }
 
 TEST_F(PortTest, SaysWhyItDoesNotOpen) {
+    const std::string here = "COM" + std::to_string(port->CommPort()) + " (/dev/pts/";
     ASSERT_FALSE(port->OpenPort());
-    EXPECT_NE(port->OpenPort()->find("open already"), std::string::npos);
-
+    ExpectComplaint(port->OpenPort(), "open already");
     const auto other = cable.MakePort();
-    const Error busy = other->OpenPort();
-    ASSERT_TRUE(busy);
-    EXPECT_NE(busy->find("in use by another program"), std::string::npos) << *busy;
-
+    ExpectComplaint(other->OpenPort(), "in use by another program");
     port->ClosePort();
     EXPECT_FALSE(other->OpenPort());
-    other->ClosePort();
 
-    const int number = port->CommPort();
     ASSERT_FALSE(port->SetCommPort(250));
-    const Error missing = port->OpenPort();
-    ASSERT_TRUE(missing);
-    EXPECT_TRUE(missing->starts_with("There is no COM250")) << *missing;
-    EXPECT_NE(missing->find("COM" + std::to_string(number) + " (/dev/pts/"), std::string::npos);
+    ExpectComplaint(port->OpenPort(), "There is no COM250");
+    ExpectComplaint(port->OpenPort(), here);
     EXPECT_FALSE(port->PortOpen());
-    EXPECT_TRUE(port->Output("x"));
+    ExpectComplaint(port->Output("x"), "not open");
 }
 
 TEST_F(PortTest, ForgetsWhatCameBeforeItWasOpened) {
@@ -67,21 +63,7 @@ TEST_F(PortTest, ForgetsWhatCameBeforeItWasOpened) {
     EXPECT_EQ(received, NewTicketBuffer() + "\r\n");
 }
 
-TEST_F(PortTest, LosesNothingWhileNobodyReads) {
-    std::string expected;
-    std::string read;
-    port->OnReceive = nullptr;
-    ASSERT_FALSE(port->OpenPort());
-    cable.indicator.Transmit();
-    cable.indicator.SendNoise();
-    cable.indicator.SendNoise();
-    cable.Step();
-    EXPECT_TRUE(WaitFor([&] { return (read += port->Input()).size() >= 8089; }));
-    EXPECT_TRUE(read.starts_with(NewTicketBuffer() + "\r\n"));
-}
-
 TEST_F(PortTest, TakesABurstInPieces) {
-    constexpr std::size_t transmissions = 131;  // 1 MB
     port = cable.MakePort(1024);
     std::size_t largest = 0;
     port->OnReceive = [&] {
@@ -91,7 +73,7 @@ TEST_F(PortTest, TakesABurstInPieces) {
     };
     ASSERT_FALSE(port->OpenPort());
     std::string expected;
-    for (std::size_t i = 0; i < transmissions; ++i) {
+    while (expected.size() < 1'000'000) {
         cable.indicator.Transmit();
         expected += NewTicketBuffer() + "\r\n";
     }
@@ -105,9 +87,7 @@ TEST_F(PortTest, HoldsTheSenderBackAndDiscardsOnClosing) {
     ASSERT_FALSE(port->OpenPort());
     cable.Stall();
     Send(std::string(512, 'x'));
-    const Error full = port->Output("y");
-    ASSERT_TRUE(full);
-    EXPECT_NE(full->find("stands still"), std::string::npos);
+    ExpectComplaint(port->Output("y"), "stands still");
 
     bool waiting = true;
     QTimer::singleShot(0, [&] {
@@ -154,10 +134,8 @@ TEST_F(PortTest, TakesTheFirstErrorForTheLast) {
     cable.Cut();
     EXPECT_TRUE(WaitFor([&] { return !port->PortOpen(); }));
     EXPECT_LT(ProcessorUse(300), 0.05);
-    const Error gone = port->Output("x");
-    ASSERT_TRUE(gone);
-    EXPECT_NE(gone->find("gone away"), std::string::npos) << *gone;
-    EXPECT_TRUE(port->OpenPort()->starts_with("There is no COM"));
+    ExpectComplaint(port->Output("x"), "gone away");
+    ExpectComplaint(port->OpenPort(), "There is no COM");
 
     // The cable is plugged in again by itself.
     EXPECT_TRUE(WaitFor([&] { return !port->OpenPort(); }));

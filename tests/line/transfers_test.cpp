@@ -1,7 +1,6 @@
 // Whole transfers over a pseudo-terminal, without faults.
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <random>
 
 #include "tests/line/cable.h"
@@ -23,22 +22,26 @@ struct TransfersTest : testing::Test {
             }
         };
     }
-    void Download() {
+    void Download(const std::string& image) {
+        window.Load(image);
+        cable.indicator.StartCapture();
         window.ExpectConfirmation(Answer::Ok);
         window.download.Transmit_Click();
+        EXPECT_TRUE(WaitFor([&] { return cable.indicator.Memory() == image; }));
     }
     void StartUpload() {
         if (window.TicketList.ListCount() > 0) {
             window.ExpectWarning(Answer::Ok);
         }
         window.upload.Retrieve_Click();
+        window.log.clear();
     }
-    bool UploadEnds() {
-        return WaitFor([this] { return window.log.back() == "upload ended"; });
-    }
-    void Transmit() {
+    void ExpectUpload(const std::string& image) {
         cable.indicator.Transmit();
         cable.Step();
+        EXPECT_TRUE(WaitFor([this] { return !port->PortOpen(); }));
+        EXPECT_EQ(window.log.back(), "upload ended");
+        EXPECT_TRUE(window.block.TicketBuffer == image);
     }
 };
 
@@ -56,15 +59,10 @@ TEST_F(TransfersTest, BlocksComeBackEqual) {
     for (unsigned seed = 1; seed <= 200; ++seed) {
         SCOPED_TRACE(seed);
         const std::string image = RandomImage(seed);
-        window.Load(image);
-        cable.indicator.StartCapture();
-        Download();
-        EXPECT_TRUE(WaitFor([&] { return cable.indicator.Memory() == image; }));
+        Download(image);
         const auto rows = window.TicketList.Rows();
         StartUpload();
-        Transmit();
-        EXPECT_TRUE(UploadEnds());
-        EXPECT_TRUE(window.block.TicketBuffer == image);
+        ExpectUpload(image);
         EXPECT_EQ(window.TicketList.Rows(), rows);
     }
 }
@@ -83,10 +81,7 @@ TEST_F(TransfersTest, UploadArrivesInWhateverPieces) {
         {"noise and a restart", 460800, 1, 100},
     };
     const std::string image = RandomImage(7);
-    window.Load(image);
-    cable.indicator.StartCapture();
-    Download();
-    ASSERT_TRUE(WaitFor([&] { return cable.indicator.Memory() == image; }));
+    Download(image);
     for (const auto& row : table) {
         SCOPED_TRACE(row.name);
         StartUpload();
@@ -102,28 +97,8 @@ TEST_F(TransfersTest, UploadArrivesInWhateverPieces) {
             cable.Wire().Repair();
         }
         cable.Wire().SetSpeed(row.speed);
-        Transmit();
-        EXPECT_TRUE(UploadEnds());
-        EXPECT_TRUE(window.block.TicketBuffer == image);
-        EXPECT_FALSE(port->PortOpen());
-        window.log.emplace_back("next");
+        ExpectUpload(image);
     }
-}
-
-TEST_F(TransfersTest, DownloadGoesAtTheSpeedOfTheLine) {
-    constexpr int speed = 230400;
-    const std::string image = RandomImage(9);
-    window.Load(image);
-    cable.Wire().SetSpeed(speed);
-    cable.indicator.StartCapture();
-    QElapsedTimer elapsed;
-    elapsed.start();
-    Download();
-    const double lineSeconds = static_cast<double>(ImageLength + Fill().size()) * 10 / speed;
-    // What is in flight at the end, on the way and in one held-back piece, need not be waited for.
-    const double inFlightSeconds = 2.0 * SerialControl::OutBufferSize * 10 / speed;
-    EXPECT_GT(static_cast<double>(elapsed.elapsed()) / 1000, lineSeconds - inFlightSeconds);
-    EXPECT_TRUE(WaitFor([&] { return cable.indicator.Memory() == image; }));
 }
 
 }  // namespace
