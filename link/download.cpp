@@ -51,7 +51,7 @@ void Download::Transmit_Click() {
         OnDownloadStarted();
     }
     if (const Error error = transfer_.OpenPort()) {
-        platform_.Ask().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
+        platform_.Ask().ShowMessage(*error, "", Buttons::Ok, Icon::Critical);
         return;
     }
     Line line(controls_.MSComm1, transfer_);
@@ -79,7 +79,7 @@ void Download::Varno_Click() {
 bool Download::Confirm() {
     return platform_.Ask().ShowMessage(
                "Start TICKET BUFFER CAPTURING in Varno (parameter 78),\r\nthen click OK button.",
-               ApplicationTitle, Buttons::OkCancel, Icon::Exclamation) == Answer::Ok;
+               "", Buttons::OkCancel, Icon::Exclamation) == Answer::Ok;
 }
 
 void Download::SendImage(Line& line, std::string_view image) {

@@ -16,7 +16,7 @@ struct DownloadRun {
     void Start(const char* expectedError = nullptr) {
         window.ExpectConfirmation(Answer::Ok);
         if (expectedError != nullptr) {
-            window.ExpectError(expectedError, "Varno Ticket Formatter");
+            window.ExpectError(expectedError, "");
         }
         window.download.DownloadButton_Click();
     }

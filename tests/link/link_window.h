@@ -56,7 +56,7 @@ struct LinkWindow {
     void ExpectConfirmation(Answer answer) {
         platform.dialogs.Expect({"Start TICKET BUFFER CAPTURING in Varno (parameter 78),\r\n"
                                  "then click OK button.",
-                                 "Varno Ticket Formatter", Buttons::OkCancel, Icon::Exclamation},
+                                 "", Buttons::OkCancel, Icon::Exclamation},
                                 answer);
     }
     void ExpectError(const std::string& text, const std::string& title) {
