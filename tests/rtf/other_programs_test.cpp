@@ -3,170 +3,124 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <functional>
-#include <iostream>
 
 #include "platform/files.h"
 #include "platform/rtf/rtf_reader.h"
 #include "platform/rtf/rtf_writer.h"
-#include "tests/rtf/flat_odt.h"
+#include "tests/link/scratch_folder.h"
 #include "tests/rtf/marked_text_picture.h"
 
 namespace varno {
 namespace {
 
+std::string LibreOfficeTo(const std::string& format, const std::string& files) {
+    return "timeout 300 soffice -env:UserInstallation=file://$HOME/profile --headless "
+           "--convert-to " +
+           format + " --outdir out " + files;
+}
+std::string AbiWordToRtf(const std::string& files) {
+    return "for f in " + files +
+           "; do timeout 60 abiword --to=rtf -o out/$(basename \"${f%.*}\").rtf \"$f\" || exit 1; "
+           "done";
+}
+
 // The format of a line break means nothing, and word processors do not keep it.
-constexpr CharFormat Plain;
-
-bool Execute(const std::string& command) {
-    return std::system(command.c_str()) == 0;
+std::string PlainBreaksIn(const MarkedText& text) {
+    constexpr CharFormat Plain;
+    return Picture(WithBreaksIn(text, &Plain));
 }
 
-bool Installed(const std::string& program) {
-    return Execute("command -v " + program + " >/dev/null 2>&1");
-}
-
-// A folder of its own for each test, beside the one that is home to the programs it starts.
 class RtfOtherPrograms : public testing::Test {
   protected:
-    static void SetUpTestSuite() {
-        std::string pattern = testing::TempDir() + "varno-rtf-XXXXXX";
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        home_ = pattern;
-        ASSERT_EQ(setenv("HOME", pattern.c_str(), 1), 0);
+    // False if the program is not installed; the test is then skipped.
+    static bool Has(const char* program) {
+        return std::system(("command -v " + std::string(program) + " >/dev/null").c_str()) == 0;
     }
-    static void TearDownTestSuite() { std::filesystem::remove_all(home_); }
-
-    void SetUp() override {
-        folder_ = home_ / testing::UnitTest::GetInstance()->current_test_info()->name();
-        std::filesystem::create_directories(folder_ / "out");
-    }
-
-    void Save(const std::string& name, const std::string& bytes) {
-        ASSERT_EQ(WriteFile(folder_ / name, bytes), std::nullopt);
+    // In the scratch folder, which is also home to the programs.
+    void Execute(const std::string& command) {
+        const std::string line = "export HOME='" + folder_.Path() +
+                                 "'; cd \"$HOME\" && mkdir -p out && (" + command + ") >log 2>&1";
+        EXPECT_EQ(std::system(line.c_str()), 0) << Load("log");
     }
     std::string Load(const std::string& name) {
         std::string bytes;
-        EXPECT_EQ(ReadFile(folder_ / name, bytes), std::nullopt);
+        EXPECT_EQ(ReadFile(folder_.Path() + "/" + name, bytes), std::nullopt);
         return bytes;
     }
-    MarkedText LoadRtf(const std::string& name) {
+    std::string LoadRtf(const std::string& name) {
         MarkedText text;
         EXPECT_EQ(LoadMarkedText(Load(name), text), std::nullopt) << name;
-        return text;
+        return PlainBreaksIn(text);
     }
 
-    // All files of the folder of one kind, into the folder "out" as another.
-    void ConvertByLibreOffice(const std::string& from, const std::string& to) {
-        ExecuteInFolder("timeout 300 soffice -env:UserInstallation=file://\"$HOME\"/profile " +
-                        ("--headless --convert-to " + to + " --outdir out *." + from));
+    // Tickets of all that an operator can type, and Unicode beyond it.
+    void SaveTickets(std::u16string_view beyond = u"\U0001F600") {
+        const std::u16string_view pieces[] = {u"Gross",
+                                              u"\u00F7",
+                                              u"\u00AC\r\n",
+                                              u"C005",
+                                              u"P012",
+                                              u"   ",
+                                              u" ",
+                                              u"\t",
+                                              u"\r\n",
+                                              u"A027",
+                                              u"\\{}\\'80\\u",
+                                              u"\u20AC \u201EQ\u201C",
+                                              u"\u00C4\u00FF",
+                                              u"\u0416\u03B1",
+                                              u"\u65E5\u672C",
+                                              u"<&amp;\">",
+                                              u"1,5-0*;?",
+                                              beyond};
+        std::mt19937 random(5);
+        for (int i = 0; i < 12; ++i) {
+            const MarkedText ticket = RandomText(random, pieces, 400);
+            tickets_.push_back(PlainBreaksIn(ticket));
+            const std::string name = folder_.Path() + "/" + std::to_string(i) + ".rtf";
+            ASSERT_EQ(WriteFile(name, WriteRtf(ticket)), std::nullopt);
+        }
     }
-    void ConvertByAbiWord(const std::string& from, const std::string& to) {
-        ExecuteInFolder("for f in *." + from + "; do timeout 60 abiword --to=" + to +
-                        " -o out/\"${f%.*}\"." + to + " \"$f\" || exit 1; done");
-    }
-    void ExecuteInFolder(const std::string& command) {
-        EXPECT_TRUE(Execute("cd '" + folder_.string() + "' && (" + command + ") >log 2>&1"))
-            << Load("log");
+    void CompareTickets(const std::string& converted) {
+        Execute(converted);
+        for (std::size_t i = 0; i < tickets_.size(); ++i) {
+            EXPECT_EQ(LoadRtf("out/" + std::to_string(i) + ".rtf"), tickets_[i]) << "ticket " << i;
+        }
     }
 
-    void SaveTickets(std::u16string_view beyond = u"\U0001F600");
-    void CompareTickets(const std::function<MarkedText(const std::string& name)>& load);
-
-    static inline std::filesystem::path home_;
-    std::filesystem::path folder_;
-    std::vector<MarkedText> tickets_;
+    ScratchFolder folder_;
+    std::vector<std::string> tickets_;  // as pictures
 };
 
-// Tickets of all that an operator can type, and Unicode beyond it.
-void RtfOtherPrograms::SaveTickets(std::u16string_view beyond) {
-    const std::u16string_view pieces[] = {u"Gross",
-                                          u"\u00F7",
-                                          u"\u00AC\r\n",
-                                          u"C005",
-                                          u"P012",
-                                          u"A027",
-                                          u" ",
-                                          u"   ",
-                                          u"\t",
-                                          u"\\{}\\'80\\u",
-                                          u"\r\n",
-                                          u"\u20AC \u201EQ\u201C",
-                                          u"\u00C4\u00FF",
-                                          u"\u0416\u03B1",
-                                          u"\u65E5\u672C",
-                                          beyond,
-                                          u"<&amp;\">",
-                                          u"1,5-0*;?"};
-    std::mt19937 random(5);
-    for (int i = 0; i < 12; ++i) {
-        tickets_.push_back(RandomText(random, pieces, 400));
-        Save("ticket" + std::to_string(i) + ".rtf", WriteRtf(tickets_.back()));
+TEST_F(RtfOtherPrograms, LibreOffice) {
+    if (!Has("soffice")) {
+        GTEST_SKIP() << "LibreOffice is not installed";
     }
-}
+    SaveTickets();
+    CompareTickets(LibreOfficeTo("rtf", "*.rtf"));
 
-void RtfOtherPrograms::CompareTickets(
-    const std::function<MarkedText(const std::string& name)>& load) {
-    std::size_t characters = 0;
-    std::size_t different = 0;
+    Execute(LibreOfficeTo("fodt", "*.rtf"));
     for (std::size_t i = 0; i < tickets_.size(); ++i) {
-        const MarkedText expected = WithBreaksIn(tickets_[i], &Plain);
-        const MarkedText found = WithBreaksIn(load("out/ticket" + std::to_string(i)), &Plain);
-        EXPECT_EQ(Picture(found), Picture(expected)) << "ticket " << i;
-        characters += expected.Length();
-        different += found == expected ? 0 : 1;
+        Execute("/usr/bin/python3 -B " RTF_TESTS "/flat_odt.py out/" + std::to_string(i) + ".fodt");
+        EXPECT_EQ(Load("log"), tickets_[i] + "\n") << "ticket " << i;
     }
-    std::cout << tickets_.size() << " documents, " << characters << " characters, " << different
-              << " documents differ\n";
-}
 
-TEST_F(RtfOtherPrograms, LibreOfficeShowsWhatWeWrite) {
-    if (!Installed("soffice")) {
-        GTEST_SKIP() << "LibreOffice is not installed";
-    }
-    SaveTickets();
-    ConvertByLibreOffice("rtf", "fodt");
-    CompareTickets([this](const std::string& name) { return ReadFlatOdt(Load(name + ".fodt")); });
-}
-
-TEST_F(RtfOtherPrograms, WeReadWhatLibreOfficeSaves) {
-    if (!Installed("soffice")) {
-        GTEST_SKIP() << "LibreOffice is not installed";
-    }
-    SaveTickets();
-    ConvertByLibreOffice("rtf", "rtf");
-    CompareTickets([this](const std::string& name) { return LoadRtf(name + ".rtf"); });
-}
-
-TEST_F(RtfOtherPrograms, WeReadWhatAbiWordSaves) {
-    if (!Installed("abiword")) {
-        GTEST_SKIP() << "AbiWord is not installed";
-    }
-    SaveTickets(u"x");  // AbiWord 3.0 moves surrogate pairs in front of the text before them
-    ConvertByAbiWord("rtf", "rtf");
-    CompareTickets([this](const std::string& name) { return LoadRtf(name + ".rtf"); });
-}
-
-// A document of each program's own making: named styles, lists, tables, notes, changes.
-TEST_F(RtfOtherPrograms, WeReadADocumentOfLibreOffice) {
-    if (!Installed("soffice")) {
-        GTEST_SKIP() << "LibreOffice is not installed";
-    }
-    std::filesystem::copy_file(RTF_TEST_DATA "/own.fodt", folder_ / "own.fodt");
-    ConvertByLibreOffice("fodt", "rtf");
-    EXPECT_EQ(Picture(WithBreaksIn(LoadRtf("out/own.rtf"), &Plain)),
+    // A document of its own making: named styles, lists, tables, notes, changes.
+    Execute(LibreOfficeTo("rtf", RTF_TESTS "/data/own.fodt"));
+    EXPECT_EQ(LoadRtf("out/own.rtf"),
               "[ff0000 b]Head [0000ff biu]emph[ff0000 b] rest[]|Net÷¬|[s]struck[]<9>xyz|one|two|"
               "a|b<9>n1<9>n2|<9>[ff0000 b]d[]|[000080 u]link[] Жα€ “q” 1|");
 }
 
-TEST_F(RtfOtherPrograms, WeReadADocumentOfAbiWord) {
-    if (!Installed("abiword")) {
+TEST_F(RtfOtherPrograms, AbiWord) {
+    if (!Has("abiword")) {
         GTEST_SKIP() << "AbiWord is not installed";
     }
-    std::filesystem::copy_file(RTF_TEST_DATA "/own.abw", folder_ / "own.abw");
-    ConvertByAbiWord("abw", "rtf");
-    EXPECT_EQ(Picture(WithBreaksIn(LoadRtf("out/own.rtf"), &Plain)),
+    SaveTickets(u"x");  // AbiWord 3.0 moves surrogate pairs in front of the text before them
+    CompareTickets(AbiWordToRtf("*.rtf"));
+
+    Execute(AbiWordToRtf(RTF_TESTS "/data/own.abw"));
+    EXPECT_EQ(LoadRtf("out/own.rtf"),
               "[ff0000 b]Head [0000ff bi]emph[ff0000 b] rest[]|Net÷¬ [00ff00 us]struck[] Жα€ “q”|"
               "[b]one[]|two|a|b<9>[ff0000 b]c[]||end");
 }

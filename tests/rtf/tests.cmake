@@ -7,8 +7,5 @@ varno_test(rtf_test
     LINKS rtf)
 
 # LibreOffice and AbiWord read what we write, and we read what they write.
-varno_test(rtf_other_programs_test
-    ${rtf_tests}/flat_odt.cpp
-    ${rtf_tests}/other_programs_test.cpp
-    LINKS rtf)
-target_compile_definitions(rtf_other_programs_test PRIVATE RTF_TEST_DATA="${rtf_tests}/data")
+varno_test(rtf_other_programs_test ${rtf_tests}/other_programs_test.cpp LINKS rtf)
+target_compile_definitions(rtf_other_programs_test PRIVATE RTF_TESTS="${rtf_tests}")
