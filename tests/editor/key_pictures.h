@@ -30,6 +30,7 @@ inline constexpr std::array KeyPictures{
     // The caret keeps out of line ends and takes the role it stands in.
     KeyPicture{"abc¬|\ndef", "<Click>", "abc|¬\ndef"},
     KeyPicture{"abc|¬\ndef", "<Click>", "abc|¬\ndef"},
+    KeyPicture{"abc¬[\nd]ef", "<F5>", "abc¬[\nd]ef"},
     KeyPicture{"a|bc", "<Right><Right>x", "abcx|"},
     KeyPicture{"abc|¬\ndef", "<Right>", "abc|¬\ndef"},
     KeyPicture{"abc¬\n|def", "<Left>", "abc|¬\ndef"},
@@ -53,6 +54,7 @@ inline constexpr std::array KeyPictures{
     KeyPicture{"{r}C005|", "<F5>7", "{r}C005{k}7|"},
     KeyPicture{"a[{r}C005]{k}b", "x", "ax|b"},
     KeyPicture{"a[{g}net]{k}b", "x", "a{g}x|{k}b"},
+    KeyPicture{"a[{r}C0{g} net]{k}b", "x", "a{g}x|{k}b"},
     KeyPicture{"a[{r}C005]{k}b", "<C-C>", "a[{r}C005]{k}b"},
 
     // With Alt nothing is typed; the typing format becomes black.

@@ -101,6 +101,7 @@ TEST(KeyRules, LeaveADigitKeyWithShiftAlone) {
         EXPECT_EQ(answer.insert, u"");
         EXPECT_EQ(answer.digitRun, 0);
     }
+    EXPECT_EQ(AnswerKey({}, 'A', ShiftAlt, 2).digitRun, 0) << "and so does a command";
 }
 
 }  // namespace
