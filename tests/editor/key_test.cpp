@@ -13,81 +13,66 @@ namespace varno {
 namespace {
 
 // Does with a key what a text control does, and asks the ticket editor first.
-class EditorModel {
-  public:
-    explicit EditorModel(const CaretPicture& picture) {
-        box_.SetContent(picture.text);
-        box_.Select(picture.start, picture.length);
-        if (picture.length == 0) {
-            box_.SetTypingFormat(picture.typing);
-        }
-    }
+struct EditorModel {
+    FakeRichTextBox box;
+    FakePlatform platform;
+    bool ticketChanged = false;
+    InsertCommands commands{box, platform, {}};
+    TicketEditor editor{box, ticketChanged, commands};
 
     void Press(const KeyStroke& stroke) {
         if (stroke.code == KeyNone) {
-            box_.SetSelStart(box_.SelStart());
-            return editor_.RichText_Click();
+            box.SetSelStart(box.SelStart());
+            return editor.RichText_Click();
         }
-        const KeyFate fate = editor_.RichText_KeyDown(stroke.code, stroke.shift);
-        if (fate == KeyFate::Pass) {
-            Apply(stroke);
-        } else if (fate == KeyFate::PassTwice) {
-            box_.AsOneStep([&] {
-                Apply(stroke);
-                Apply(stroke);
-            });
-        }
-        editor_.RichText_KeyUp();
+        const KeyFate fate = editor.RichText_KeyDown(stroke.code, stroke.shift);
+        if (fate != KeyFate::Drop) Apply(stroke);
+        if (fate == KeyFate::PassTwice) Apply(stroke);
+        editor.RichText_KeyUp();
     }
-
-    CaretPicture Shown() const {
-        return {box_.Marked(), box_.SelStart(), box_.SelLength(), box_.TypingFormat()};
-    }
-
-  private:
     void Apply(const KeyStroke& stroke) {
-        const bool selected = box_.SelLength() > 0;
-        const int start = box_.SelStart();
+        const int start = box.SelStart();
         // A line break is one unit.
-        const int before = std::min(start, box_.CharAt(start) == u'\n' ? 2 : 1);
-        const int behind = box_.CharAt(start + 1) == u'\r' ? 2 : 1;
-        if (stroke.code == KeyDelete || stroke.code == KeyBackspace) {
-            const bool back = !selected && stroke.code == KeyBackspace;
-            Erase(back ? start - before : start, selected ? box_.SelLength()
-                                                 : back   ? before
-                                                          : behind);
-        } else if (stroke.code == KeyLeft) {
-            box_.SetSelStart(start - before);
-        } else if (stroke.code == KeyRight) {
-            box_.SetSelStart(start + behind);
-        } else if (stroke.code == KeyEnter) {
-            box_.SetSelText(LineBreak);
-        } else if (stroke.code == KeySpace || stroke.shift <= ShiftShift) {
-            box_.SetSelText(stroke.text);
+        const int before = std::min(start, box.CharAt(start) == u'\n' ? 2 : 1);
+        const int behind = box.CharAt(start + 1) == u'\r' ? 2 : 1;
+        const bool types = stroke.code == KeySpace || stroke.shift <= ShiftShift;
+        switch (stroke.code) {
+            case KeyDelete:
+                return Erase(start, behind);
+            case KeyBackspace:
+                return Erase(start - before, before);
+            case KeyLeft:
+                return box.SetSelStart(start - before);
+            case KeyRight:
+                return box.SetSelStart(start + behind);
+            case KeyEnter:
+                return box.SetSelText(LineBreak);
+            default:
+                if (types) box.SetSelText(stroke.text);
         }
     }
-
     void Erase(int start, int length) {
-        MarkedText text = box_.Marked();
-        const auto from = static_cast<std::size_t>(start);
-        text.Erase(from, std::min(text.Length() - from, static_cast<std::size_t>(length)));
-        box_.SetContent(text);
-        box_.SetSelStart(start);
+        if (box.SelLength() == 0) box.Select(start, length);
+        MarkedText text = box.Marked();
+        text.Erase(static_cast<std::size_t>(box.SelStart()),
+                   static_cast<std::size_t>(box.SelLength()));
+        start = box.SelStart();
+        box.SetContent(text);
+        box.SetSelStart(start);
     }
-
-    FakeRichTextBox box_;
-    FakePlatform platform_;
-    bool ticketChanged_ = false;
-    InsertCommands commands_{box_, platform_, {}};
-    TicketEditor editor_{box_, ticketChanged_, commands_};
 };
 
 TEST(KeyRules, DoWhatThePicturesShow) {
     for (const KeyPicture& row : KeyPictures) {
-        EditorModel model(FromCaretPicture(row.before));
+        EditorModel model;
+        FakeRichTextBox& box = model.box;
+        const CaretPicture before = FromCaretPicture(row.before);
+        box.SetContent(before.text);
+        box.Select(before.start, before.length);
+        if (before.length == 0) box.SetTypingFormat(before.typing);
         for (const KeyStroke& stroke : ParseKeys(row.keys)) model.Press(stroke);
-        const CaretPicture expected = FromCaretPicture(row.after);
-        EXPECT_EQ(ToPicture(model.Shown()), ToPicture(expected))
+        const CaretPicture after{box.Marked(), box.SelStart(), box.SelLength(), box.TypingFormat()};
+        EXPECT_EQ(ToPicture(after), ToPicture(FromCaretPicture(row.after)))
             << "before: " << row.before << "\nkeys:   " << row.keys;
     }
 }

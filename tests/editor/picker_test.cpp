@@ -1,8 +1,6 @@
 // The pickers and the insert commands that show them, operated as an operator would.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <fstream>
 
 #include "editor/code_picker.h"
@@ -10,285 +8,195 @@
 #include "tests/fakes/caret_picture.h"
 #include "tests/fakes/fake_platform.h"
 #include "tests/fakes/fake_rich_text.h"
+#include "tests/link/scratch_folder.h"
 
 namespace varno {
 namespace {
 
+// A picker of codes while it is shown.
+struct Codes {
+    explicit Codes(FakeWindow& shown) : window(shown) {}
+
+    FakeWindow& window;
+    FakeSimpleCombo& code = window.Get<FakeSimpleCombo>("CodeComboBox");
+    FakeSimpleCombo& unsorted = window.Get<FakeSimpleCombo>("UnsortedCommentComboBox");
+    FakeSimpleCombo& sorted = window.Get<FakeSimpleCombo>("SortedCommentComboBox");
+    FakeCheckBox& sort = window.Get<FakeCheckBox>("SortAlphabetically");
+    FakeButton& ok = window.Get<FakeButton>("OkButton");
+
+    std::string Boxes() const {
+        return code.Text() + '/' + unsorted.Text() + '/' + sorted.Text() +
+               (ok.Enabled() ? "/on" : "/off");
+    }
+};
+
 class Pickers : public testing::Test {
   protected:
-    Pickers()
-        : folder_(std::filesystem::temp_directory_path() / ("pickers" + std::to_string(getpid()))),
-          catalogues_{folder_ / "control", folder_ / "print"} {
-        std::filesystem::create_directories(folder_);
-        WriteCatalogue("heading\r\n009 Tab\r\n005 Line feed\r\n007 Bell\r\n005 again\r\n");
-        std::ofstream(catalogues_.printCodes) << "012 Net\r\n010 Gr\xF6\xDF"
-                                                 "e\r\n";
+    Pickers() {
+        WriteControlCodes("heading\r\n009 Tab\r\n005 Line feed\r\n007 Bell\r\n005 again\r\n");
+        std::ofstream(catalogues_.printCodes) << "012 Net\r\n010 Gr\xF6\xDF\r\n";
     }
-    ~Pickers() override { std::filesystem::remove_all(folder_); }
+    void WriteControlCodes(const char* text) { std::ofstream(catalogues_.controlCodes) << text; }
 
-    void WriteCatalogue(const std::string& text) {
-        std::ofstream(catalogues_.controlCodes, std::ios::binary) << text;
-    }
-    void Edit(std::string_view picture) {
-        const CaretPicture content = FromCaretPicture(picture);
+    // Shows a picker over this content; what the editor shows afterwards.
+    std::string Run(void (InsertCommands::*command)(), const std::string& before,
+                    FakeWindow::Script script) {
+        const CaretPicture content = FromCaretPicture(before);
         box_.SetContent(content.text);
         box_.Select(content.start, content.length);
-    }
-    std::string Shown() const {
-        return ToPicture(CaretPicture{box_.Marked(), box_.SelStart(), 0, box_.TypingFormat()});
-    }
-
-    // The picker of control codes, shown once and operated by `script`.
-    struct ControlPicker {
-        explicit ControlPicker(FakeWindow& window)
-            : code(window.Get<FakeSimpleCombo>("CodeComboBox")),
-              unsorted(window.Get<FakeSimpleCombo>("UnsortedCommentComboBox")),
-              sorted(window.Get<FakeSimpleCombo>("SortedCommentComboBox")),
-              sortAlphabetically(window.Get<FakeCheckBox>("SortAlphabetically")),
-              ok(window.Get<FakeButton>("OkButton")),
-              cancel(window.Get<FakeButton>("CancelButton")) {}
-
-        std::string Boxes() const {
-            return code.Text() + '/' + unsorted.Text() + '/' + sorted.Text() + '/' +
-                   (ok.Enabled() ? "on" : "off");
+        platform_.Operate(std::move(script));
+        (commands_.*command)();
+        const CaretPicture after{box_.Marked(), box_.SelStart(), 0, box_.TypingFormat()};
+        if (after.text != content.text) {
+            box_.Undo();
+            EXPECT_EQ(ToPicture(box_.Marked()), ToPicture(content.text)) << "one step of undo";
         }
-
-        FakeSimpleCombo& code;
-        FakeSimpleCombo& unsorted;
-        FakeSimpleCombo& sorted;
-        FakeCheckBox& sortAlphabetically;
-        FakeButton& ok;
-        FakeButton& cancel;
-    };
-    std::u16string PickControl(const std::function<void(ControlPicker&)>& script) {
-        platform_.Operate([&](FakeWindow& window) {
-            ControlPicker picker(window);
-            script(picker);
-            if (window.IsShown()) picker.cancel.Click();
+        return ToPicture(after);
+    }
+    std::string PickControl(const std::function<void(Codes&)>& script) {
+        return Run(&InsertCommands::InsertControlCode, "|", [&](FakeWindow& window) {
+            Codes codes(window);
+            script(codes);
         });
-        return control_.Pick();
     }
 
-    std::filesystem::path folder_;
-    Catalogues catalogues_;
+    ScratchFolder folder_;
+    Catalogues catalogues_{folder_.Path() + "/control", folder_.Path() + "/print"};
     FakePlatform platform_;
     FakeRichTextBox box_;
     InsertCommands commands_{box_, platform_, catalogues_};
-    Picker control_{[this] {
-        return std::make_unique<CodePicker>(platform_, ControlCodesList(),
-                                            catalogues_.controlCodes);
-    }};
 };
 
 TEST_F(Pickers, KeepTheBoxesInStep) {
-    struct Case {
-        const char* name;
-        std::function<void(ControlPicker&)> act;
+    struct {
+        const char* what;
+        std::function<void(Codes&)> act;
         const char* boxes;
-        std::u16string pickResult;
+        const char* inserted;  // a code and its comment
+    } const cases[] = {
+        {"code typed", [](Codes& p) { p.code.Type("007"); }, "007/BELL/BELL/on", "007 BELL"},
+        {"too long", [](Codes& p) { p.code.Type("0071"); }, "007/BELL/BELL/on", "007 BELL"},
+        {"two bytes each", [](Codes& p) { p.code.SetText("äöüx"); }, "äöü///off", ""},
+        {"without its zeros", [](Codes& p) { p.code.Type("5"); }, "5///off", ""},
+        {"spoilt again", [](Codes& p) { p.code.Type("007"), p.code.SetText("00"); },
+         "00/BELL/BELL/off", ""},
+        {"code clicked", [](Codes& p) { p.code.ClickEntry(2); }, "007/BELL/BELL/on", "007 BELL"},
+        {"comment typed", [](Codes& p) { p.unsorted.Type("TAB"); }, "009/TAB/TAB/on", "009 TAB"},
+        {"lower case", [](Codes& p) { p.unsorted.Type("tab"); }, "/tab//off", ""},
+        {"part of it", [](Codes& p) { p.sorted.Type("LINE"); }, "//LINE/off", ""},
+        {"file order", [](Codes& p) { p.unsorted.ClickEntry(0); }, "009/TAB/TAB/on", "009 TAB"},
+        {"sorted", [](Codes& p) { p.sorted.ClickEntry(1); }, "007/BELL/BELL/on", "007 BELL"},
+        {"second comment", [](Codes& p) { p.sorted.ClickEntry(0); }, "005/LINE FEED/LINE FEED/on",
+         "005 AGAIN"},
     };
-    using P = ControlPicker&;
-    const Case cases[] = {
-        {"a code typed", [](P p) { p.code.Type("007"); }, "007/BELL/BELL/on", u"007 BELL"},
-        {"too many characters", [](P p) { p.code.Type("0051"); }, "005/LINE FEED/LINE FEED/on",
-         u"005 LINE FEED"},
-        {"pasted characters of two units", [](P p) { p.code.SetText("äöüx"); }, "äöü///off", u""},
-        {"half a code", [](P p) { p.code.Type("00"); }, "00///off", u""},
-        {"a code without its zeros", [](P p) { p.code.Type("5"); }, "5///off", u""},
-        {"a code spoilt again", [](P p) { p.code.Type("007"), p.code.SetText("00"); },
-         "00/BELL/BELL/off", u""},
-        {"a code clicked", [](P p) { p.code.ClickEntry(2); }, "007/BELL/BELL/on", u"007 BELL"},
-        {"a comment typed", [](P p) { p.unsorted.Type("TAB"); }, "009/TAB/TAB/on", u"009 TAB"},
-        {"a comment in lower case", [](P p) { p.unsorted.Type("tab"); }, "/tab//off", u""},
-        {"part of a comment", [](P p) { p.sorted.Type("LINE"); }, "//LINE/off", u""},
-        {"a comment in file order", [](P p) { p.unsorted.ClickEntry(1); },
-         "005/LINE FEED/LINE FEED/on", u"005 LINE FEED"},
-        {"the same in the sorted list",
-         [](P p) { p.sortAlphabetically.Click(), p.sorted.ClickEntry(2); },
-         "005/LINE FEED/LINE FEED/on", u"005 LINE FEED"},
-        {"the second comment of a code", [](P p) { p.sorted.ClickEntry(0); },
-         "005/LINE FEED/LINE FEED/on", u"005 AGAIN"},
-    };
-    for (const Case& row : cases) {
-        std::string boxes;
-        const std::u16string result = PickControl([&](P picker) {
-            row.act(picker);
-            boxes = picker.Boxes();
-            picker.ok.Click();
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        const std::string shown = PickControl([&](Codes& p) {
+            row.act(p);
+            EXPECT_EQ(p.Boxes(), row.boxes);
+            p.ok.Click();
+            if (*row.inserted == '\0') p.window.Hide();
         });
-        EXPECT_EQ(boxes, row.boxes) << row.name;
-        EXPECT_EQ(ToUtf8(result), ToUtf8(row.pickResult)) << row.name;
+        const std::string inserted = row.inserted;
+        EXPECT_EQ(shown, inserted.empty() ? "|"
+                                          : "{r}C" + inserted.substr(0, 3) + "{g}" +
+                                                inserted.substr(3) + "{k}\n|");
         // Closed by its box the picker forgets, so that each case starts afresh.
-        platform_.Operate([](FakeWindow& window) { window.Close(); });
-        EXPECT_EQ(control_.Pick(), u"") << row.name;
+        EXPECT_EQ(PickControl([](Codes& p) { p.window.Close(); }), "|");
     }
 }
 
-TEST_F(Pickers, ShowTheCatalogueInTheirOrders) {
-    using Entries = std::vector<std::string>;
-    PickControl([](ControlPicker& picker) {
-        EXPECT_EQ(picker.code.Entries(), (Entries{"005", "005", "007", "009"}));
-        EXPECT_EQ(picker.unsorted.Entries(), (Entries{"TAB", "LINE FEED", "BELL", "AGAIN"}));
-        EXPECT_EQ(picker.sorted.Entries(), (Entries{"AGAIN", "BELL", "LINE FEED", "TAB"}));
-        EXPECT_TRUE(picker.code.HasFocus());
-        for (const bool sorted : {false, true, false}) {
-            if (picker.sortAlphabetically.Value() != sorted) picker.sortAlphabetically.Click();
-            EXPECT_EQ(picker.sorted.Visible(), sorted);
-            EXPECT_EQ(picker.unsorted.Visible(), !sorted);
-        }
-    });
-}
-
 TEST_F(Pickers, AreHiddenAndComeBackAsTheyWere) {
-    EXPECT_EQ(PickControl([](ControlPicker& p) { p.unsorted.DoubleClickEntry(2); }), u"007 BELL");
-    WriteCatalogue("001 new\r\n");
-    EXPECT_EQ(PickControl([](ControlPicker& p) {
+    using Entries = std::vector<std::string>;
+    PickControl([](Codes& p) {
+        EXPECT_EQ(p.code.Entries(), (Entries{"005", "005", "007", "009"}));
+        EXPECT_EQ(p.unsorted.Entries(), (Entries{"TAB", "LINE FEED", "BELL", "AGAIN"}));
+        EXPECT_EQ(p.sorted.Entries(), (Entries{"AGAIN", "BELL", "LINE FEED", "TAB"}));
+        EXPECT_TRUE(p.code.HasFocus());
+        EXPECT_TRUE(p.unsorted.Visible() && !p.sorted.Visible());
+        p.sort.Click();
+        EXPECT_TRUE(p.sorted.Visible() && !p.unsorted.Visible());
+        p.unsorted.DoubleClickEntry(2);
+    });
+    WriteControlCodes("001 new\r\n");
+    EXPECT_EQ(PickControl([](Codes& p) {
                   EXPECT_EQ(p.Boxes(), "007/BELL/BELL/on");
-                  p.sortAlphabetically.Click();
-                  p.cancel.Click();
+                  EXPECT_TRUE(p.sorted.Visible() && p.code.HasFocus());
+                  p.window.Get<FakeButton>("CancelButton").Click();
               }),
-              u"");
-    EXPECT_EQ(PickControl([](ControlPicker& p) {
-                  EXPECT_TRUE(p.sorted.Visible());
-                  EXPECT_TRUE(p.code.HasFocus());
-                  p.ok.Click();
-              }),
-              u"007 BELL");
-    EXPECT_EQ(platform_.windowsCreated, 1);
-
-    platform_.Operate([](FakeWindow& window) { window.Close(); });
-    EXPECT_EQ(control_.Pick(), u"");
-    PickControl([](ControlPicker& p) {
+              "|");
+    EXPECT_EQ(PickControl([](Codes& p) { p.ok.Click(); }), "{r}C007{g} BELL{k}\n|");
+    PickControl([](Codes& p) { p.window.Close(); });
+    PickControl([](Codes& p) {
         EXPECT_EQ(p.Boxes(), "///off");
-        EXPECT_FALSE(p.sorted.Visible());
-        EXPECT_EQ(p.code.Entries(), std::vector<std::string>{"001"});
+        EXPECT_EQ(p.code.Entries(), Entries{"001"});
+        p.window.Hide();
     });
     EXPECT_EQ(platform_.windowsCreated, 2);
 }
 
-TEST_F(Pickers, SayThatTheCatalogueIsMissingAndStayEmpty) {
+TEST_F(Pickers, SayOnceThatTheCatalogueIsMissingAndStayEmpty) {
     std::filesystem::remove(catalogues_.controlCodes);
     platform_.dialogs.Expect({"No such file or directory", "", Buttons::Ok, Icon::Critical},
                              Answer::Ok);
-    for (int showing = 0; showing < 2; ++showing) {  // the message comes once
-        EXPECT_EQ(PickControl([](ControlPicker& picker) {
-                      EXPECT_EQ(picker.code.ListCount(), 0);
-                      picker.code.Type("005");
-                      picker.ok.Click();
-                  }),
-                  u"");
+    for (int showing = 0; showing < 2; ++showing) {
+        PickControl([](Codes& p) {
+            EXPECT_EQ(p.code.ListCount(), 0);
+            p.window.Hide();
+        });
     }
 }
 
 TEST_F(Pickers, TakeANumberUpTo999) {
-    struct Case {
+    struct {
         const char* typed;
         const char* text;
-        const char* editor;
-    };
-    const Case cases[] = {
+        const char* inserted;
+    } const cases[] = {
+        {"", "", ""},
         {"1000", "100", "d|"},
         {"0001", "000", "{m}A000{g} {k}|"},
         {"7", "7", "{m}A7{g} {k}|"},
-        {"007", "007", "{m}A007{g} {k}|"},
         {"31", "31", "{m}A31{g} {k}|"},
-        {"32", "32", "÷|"},
         {"032", "032", "÷|"},
         {"33", "33", "!|"},
-        {"65", "65", "A|"},
         {"126", "126", "~|"},
         {"127", "127", "{m}A127{g} {k}|"},
         {"9999", "999", "{m}A999{g} {k}|"},
         {"a1-b 2", "12", "{m}A12{g} {k}|"},
     };
-    for (const Case& row : cases) {
-        Edit("{r}C|");
-        platform_.Operate([&](FakeWindow& window) {
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.typed);
+        const auto shown = Run(&InsertCommands::InsertAsciiCode, "a|", [&](FakeWindow& window) {
             auto& text = window.Get<FakeTextBox>("Text1");
-            auto& insert = window.Get<FakeButton>("Command1");
             EXPECT_EQ(text.Text(), "");
             EXPECT_TRUE(text.HasFocus());
-            EXPECT_FALSE(insert.Enabled());
             text.Type(row.typed);
             EXPECT_EQ(text.Text(), row.text);
-            insert.Click();
+            window.Get<FakeButton>("Command1").Click();
+            if (*row.typed == '\0') window.Get<FakeButton>("Command2").Click();
         });
-        commands_.InsertAsciiCode();
-        const std::string expected = row.editor;
-        EXPECT_EQ(Shown(), "{r}C" + (expected.front() == '{' ? expected : "{k}" + expected));
-        box_.Undo();
-        EXPECT_EQ(ToPicture(box_.Marked()), "{r}C") << row.typed << " is one step of undo";
+        EXPECT_EQ(shown, *row.typed == '\0' ? "a|" : std::string("a") + row.inserted);
     }
-}
-
-TEST_F(Pickers, TakeANumberFromTheTable) {
-    Edit("|");
-    platform_.Operate([](FakeWindow& window) {
-        auto& list = window.Get<FakeListBox>("List1");
-        EXPECT_EQ(list.ListCount(), 32);
-        list.ClickRow(0x1E);
-        EXPECT_EQ(window.Get<FakeTextBox>("Text1").Text(), "30");
-        list.DoubleClickRow(7);
-    });
-    commands_.InsertAsciiCode();
-    EXPECT_EQ(Shown(), "{m}A7{g} {k}|");
 }
 
 TEST_F(Pickers, InsertACodeOnALineOfItsOwn) {
-    struct Case {
-        const char* before;
-        const char* after;
+    const std::pair<const char*, const char*> cases[] = {
+        {"|", "{b}P010{g} GRÖß{k}\n|"},
+        {"|ab", "{b}P010{g} GRÖß{k}\n|ab"},
+        {"a|b", "a\n{b}P010{g} GRÖß{k}\n|b"},
+        {"ab¬\n|cd", "ab¬\n{b}P010{g} GRÖß{k}\n|cd"},
+        {"ab|¬\ncd", "ab\n{b}P010{g} GRÖß{k}\n|¬\ncd"},
+        {"a[xy]b", "a\n{b}P010{g} GRÖß{k}\n|b"},
+        {"[xy]b", "{b}P010{g} GRÖß{k}\n|b"},
     };
-    const Case cases[] = {
-        {"|", "{b}P012{g} NET{k}\n|"},
-        {"|ab", "{b}P012{g} NET{k}\n|ab"},
-        {"ab|", "ab\n{b}P012{g} NET{k}\n|"},
-        {"a|b", "a\n{b}P012{g} NET{k}\n|b"},
-        {"ab¬\n|cd", "ab¬\n{b}P012{g} NET{k}\n|cd"},
-        {"ab|¬\ncd", "ab\n{b}P012{g} NET{k}\n|¬\ncd"},
-        {"a[xy]b", "a\n{b}P012{g} NET{k}\n|b"},
-        {"[xy]b", "{b}P012{g} NET{k}\n|b"},
-    };
-    for (const Case& row : cases) {
-        Edit(row.before);
-        const MarkedText before = box_.Marked();
-        platform_.Operate([](FakeWindow& window) {
-            window.Get<FakeSimpleCombo>("CodeComboBox").Type("012");
-            window.Get<FakeButton>("OkButton").Click();
-        });
-        commands_.InsertPrintCode();
-        EXPECT_EQ(Shown(), row.after) << row.before;
-        box_.Undo();
-        EXPECT_EQ(ToPicture(box_.Marked()), ToPicture(before)) << "one step of undo";
-    }
-}
-
-TEST_F(Pickers, HaveTwinsWithACatalogueEach) {
-    Edit("|");
-    platform_.Operate([](FakeWindow& window) {
-        EXPECT_EQ(window.Caption(), "Varno Control Codes");
-        window.Get<FakeSimpleCombo>("UnsortedCommentComboBox").DoubleClickEntry(0);
-    });
-    commands_.InsertControlCode();
-    platform_.Operate([](FakeWindow& window) {
-        EXPECT_EQ(window.Caption(), "Varno Print Codes");
-        window.Get<FakeSimpleCombo>("SortedCommentComboBox").DoubleClickEntry(0);
-    });
-    commands_.InsertPrintCode();
-    EXPECT_EQ(Shown(), "{r}C009{g} TAB{k}\n{b}P010{g} GRÖßE{k}\n|");
-}
-
-TEST_F(Pickers, LeaveTheEditorAloneWithoutAnAnswer) {
-    using Command = void (InsertCommands::*)();
-    const Command commands[] = {&InsertCommands::InsertAsciiCode,
-                                &InsertCommands::InsertControlCode,
-                                &InsertCommands::InsertPrintCode};
-    Edit("{r}C0|");
-    box_.OnChange = [] { ADD_FAILURE() << "changed"; };
-    for (const Command command : commands) {
-        platform_.Operate([](FakeWindow& window) { window.Close(); });
-        (commands_.*command)();
-        EXPECT_EQ(Shown(), "{r}C0|");
+    for (const auto& [before, after] : cases) {
+        EXPECT_EQ(Run(&InsertCommands::InsertPrintCode, before,
+                      [](FakeWindow& window) {
+                          EXPECT_EQ(window.Caption(), "Varno Print Codes");
+                          Codes(window).sorted.DoubleClickEntry(0);
+                      }),
+                  after);
     }
 }
 
