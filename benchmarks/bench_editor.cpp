@@ -65,7 +65,11 @@ MarkedText Decode(const std::vector<Word>& words, const Catalogues& catalogues) 
 void BenchCodec(QtRichTextBox& ours, const Catalogues& catalogues) {
     const std::vector<Word> words = LargestRecord();
     const MarkedText ticket = Decode(words, catalogues);
-    QTextEdit bare;
+    QTextEdit bare;  // shown as large as ours
+    bare.setLineWrapMode(QTextEdit::NoWrap);
+    bare.resize(ours.Get()->size());
+    bare.show();
+    QApplication::processEvents();
     const auto build = [&] {  // the same text, in one edit block
         QTextCursor cursor(bare.document());
         cursor.beginEditBlock();

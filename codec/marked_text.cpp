@@ -13,6 +13,11 @@ void MarkedText::Append(std::u16string_view text, const CharFormat& format) {
     Insert(text_.size(), text, format);
 }
 
+void MarkedText::Reserve(std::size_t length) {
+    text_.reserve(length);
+    formats_.reserve(length);
+}
+
 void MarkedText::Erase(std::size_t position, std::size_t length) {
     text_.erase(position, length);
     const auto first = formats_.begin() + static_cast<std::ptrdiff_t>(position);

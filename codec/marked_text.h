@@ -41,6 +41,7 @@ class MarkedText {
     // Insert before `position` (0-based, at most Length()).
     void Insert(std::size_t position, std::u16string_view text, const CharFormat& format);
     void Append(std::u16string_view text, const CharFormat& format);
+    void Reserve(std::size_t length);  // spares copies while so much is appended
     void Erase(std::size_t position, std::size_t length);
 
     const std::u16string& Text() const { return text_; }

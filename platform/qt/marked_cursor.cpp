@@ -1,5 +1,7 @@
 #include "platform/qt/marked_cursor.h"
 
+#include <QHash>
+#include <QList>
 #include <QTextBlock>
 #include <algorithm>
 
@@ -27,19 +29,48 @@ QTextBlock BlockAtMarked(const QTextDocument& document, int markedPosition) {
     return document.findBlockByNumber(low);
 }
 
-void AppendRange(const QTextBlock& block, int from, int to, MarkedText& text) {
-    for (auto it = block.begin(); !it.atEnd(); ++it) {
-        const QTextFragment fragment = it.fragment();
-        const int start = std::max(from, fragment.position());
-        const int end = std::min(to, fragment.position() + fragment.length());
-        if (start < end) {
-            const QString piece = fragment.text().mid(start - fragment.position(), end - start);
-            text.Append(std::u16string_view(reinterpret_cast<const char16_t*>(piece.utf16()),
-                                            static_cast<std::size_t>(piece.size())),
-                        FromQt(fragment.charFormat()));
+// Reads a document piece by piece; what a Qt format means is worked out once for each format.
+class Reader {
+  public:
+    explicit Reader(const QTextDocument& document)
+        : raw_(document.toRawText()), formats_(document.allFormats()) {}
+
+    MarkedText Read(const QTextDocument& document, int from, int to) {
+        MarkedText text;
+        text.Reserve(static_cast<std::size_t>(to - from + 2 * document.blockCount()));
+        for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
+             block = block.next()) {
+            if (block.position() > from) {
+                text.Append(LineBreak, Format(block.charFormatIndex()));
+            }
+            for (auto it = block.begin(); !it.atEnd(); ++it) {
+                const QTextFragment fragment = it.fragment();
+                const int start = std::max(from, fragment.position());
+                const int end = std::min(to, fragment.position() + fragment.length());
+                if (start < end) {
+                    text.Append(Piece(start, end), Format(fragment.charFormatIndex()));
+                }
+            }
         }
+        return text;
     }
-}
+
+  private:
+    std::u16string_view Piece(int start, int end) const {
+        return {reinterpret_cast<const char16_t*>(raw_.utf16()) + start,
+                static_cast<std::size_t>(end - start)};
+    }
+    const CharFormat& Format(int index) {
+        const auto known = known_.find(index);
+        return known != known_.end()
+                   ? known.value()
+                   : *known_.insert(index, FromQt(formats_.at(index).toCharFormat()));
+    }
+
+    QString raw_;
+    QList<QTextFormat> formats_;
+    QHash<int, CharFormat> known_;
+};
 
 }  // namespace
 
@@ -95,15 +126,7 @@ CharFormat FormatBefore(const QTextDocument& document, int qtPosition) {
 }
 
 MarkedText ReadMarked(const QTextDocument& document, int from, int to) {
-    MarkedText text;
-    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
-         block = block.next()) {
-        if (block.position() > from) {
-            text.Append(LineBreak, FromQt(block.charFormat()));
-        }
-        AppendRange(block, from, to, text);
-    }
-    return text;
+    return Reader(document).Read(document, from, to);
 }
 
 void InsertMarked(QTextCursor& cursor, const MarkedText& text) {
