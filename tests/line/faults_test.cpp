@@ -97,6 +97,7 @@ struct FaultyTransfer {
     void ExpectRest() {
         EXPECT_FALSE(port->PortOpen());
         EXPECT_EQ(window.Message.Caption(), "");
+        ASSERT_FALSE(window.log.empty());
         EXPECT_EQ(window.log.back(), "transfer ended");
         EXPECT_LT(ProcessorUse(RestMilliseconds), RestingUse);
     }

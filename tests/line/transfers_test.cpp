@@ -34,7 +34,7 @@ struct TransfersTest : testing::Test {
             window.ExpectWarning(Answer::Ok);
         }
         window.upload.Retrieve_Click();
-        window.log.clear();
+        window.log = {"nothing yet"};
     }
     void ExpectUpload(const std::string& image) {
         cable.indicator.Transmit();

@@ -23,7 +23,9 @@ struct DownloadRun {
     // Something happens while events run behind the 1000th character.
     void StartWith(void (*happen)(DownloadRun&)) {
         window.platform.onDoEvents = [this, happen, turn = 0]() mutable {
-            return ++turn == 1000 ? happen(*this) : void();
+            if (++turn == 1000) {
+                happen(*this);
+            }
         };
         Start();
     }

@@ -47,25 +47,26 @@ TEST(RtfDocument, RunsHaveTheirStyle) {
         R"({\field{\*\fldinst hyperlink \\l here}{\fldrslt g}}{\field{\*\fldinst PAGE}{\fldrslt h}}})");
     ASSERT_EQ(document.fonts.size(), 2U);
     EXPECT_EQ(document.fonts[0].name, u"Arial");
-    EXPECT_EQ(document.fonts[0].family, RtfFontFamily::SansSerif);
     EXPECT_EQ(document.fonts[1].family, RtfFontFamily::FixedPitch);
     EXPECT_EQ(document.links, (std::vector<std::u16string>{u"http://x/y#z", u"#here"}));
-    RtfStyle plain;
-    plain.font = 0;
-    RtfStyle marked = {{}, 0x00FFFF, false, false, false, false, RtfScript::Superscript, 1, 20};
-    RtfStyle strange = plain;
-    strange.font = -1;
-    strange.halfPoints = 2;
-    strange.script = RtfScript::Subscript;
-    RtfStyle link = plain;
-    link.link = 0;
-    RtfStyle place = plain;
-    place.link = 1;
-    const std::vector<std::pair<std::string, RtfStyle>> expected = {
-        {"a", plain}, {"b", marked}, {"c", strange}, {"d", plain},
-        {"e", link},  {"f", plain},  {"g", place},   {"h", plain}};
+    const auto styled = [](RtfScript script, int font, int halfPoints, int link) {
+        return RtfStyle{{}, {}, false, false, false, false, script, font, halfPoints, link};
+    };
+    const RtfStyle plain = styled(RtfScript::Normal, 0, 24, -1);
+    RtfStyle marked = styled(RtfScript::Superscript, 1, 20, -1);
+    marked.background = 0x00FFFF;
+    const std::pair<std::string, RtfStyle> expected[] = {
+        {"a", plain},
+        {"b", marked},
+        {"c", styled(RtfScript::Subscript, -1, 2, -1)},
+        {"d", plain},
+        {"e", styled(RtfScript::Normal, 0, 24, 0)},
+        {"f", plain},
+        {"g", styled(RtfScript::Normal, 0, 24, 1)},
+        {"h", plain},
+    };
     const auto& runs = ParagraphAt(document.blocks, 0).runs;
-    ASSERT_EQ(runs.size(), expected.size());
+    ASSERT_EQ(runs.size(), std::size(expected));
     for (std::size_t i = 0; i < runs.size(); ++i) {
         EXPECT_EQ(ToUtf8(runs[i].text), expected[i].first);
         EXPECT_TRUE(runs[i].style == expected[i].second) << expected[i].first;
