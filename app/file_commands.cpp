@@ -146,10 +146,10 @@ void FileCommands::SaveList_Click() {
 std::optional<ChosenFile> FileCommands::ChooseNewFile(const Kind& kind, const std::string& folder,
                                                       const std::string& name) {
     for (;;) {
-        const auto chosen = dialogs_.ShowSave({.initDir = folder,
-                                               .fileName = name,
-                                               .defaultExt = kind.extension,
-                                               .filter = kind.filter});
+        auto chosen = dialogs_.ShowSave({.initDir = folder,
+                                         .fileName = name,
+                                         .defaultExt = kind.extension,
+                                         .filter = kind.filter});
         if (!chosen || ConfirmOverwriting(*chosen)) {
             return chosen;
         }

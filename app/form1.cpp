@@ -27,7 +27,7 @@ std::string KeyButtonName(std::size_t key) {
 Form1::Form1(Platform& platform)
     : platform_(platform),
       window_(platform.CreateWindow(MainWindowDesign())),
-      MSComm1_(platform.CreateSerialControl(InBufferSize)),
+      msComm1_(platform.CreateSerialControl(InBufferSize)),
       controls_(MakeBlockControls()),
       message_(window_->Get<Label>("Message")),
       timer1_(window_->Get<Timer>("Timer1")),
@@ -47,17 +47,17 @@ Form1::Form1(Platform& platform)
                 delete_),
       insertCommands_(controls_.RichText, platform, catalogues_),
       editor_(controls_.RichText, state_.TicketChanged, insertCommands_),
-      transfer_(*MSComm1_, message_, timer1_),
-      upload_({.MSComm1 = *MSComm1_,
+      transfer_(*msComm1_, message_, timer1_),
+      upload_({.MSComm1 = *msComm1_,
                .Message = message_,
                .Timer1 = timer1_,
                .TicketList = controls_.TicketList,
                .RichText = controls_.RichText},
               platform.Ask(), state_.block, transfer_),
-      download_({.MSComm1 = *MSComm1_, .Message = message_, .TicketList = controls_.TicketList},
+      download_({.MSComm1 = *msComm1_, .Message = message_, .TicketList = controls_.TicketList},
                 platform, state_.block, transfer_),
-      serialSettings_(*MSComm1_, platform.Ask()),
-      terminal_(platform, *MSComm1_),
+      serialSettings_(*msComm1_, platform.Ask()),
+      terminal_(platform, *msComm1_),
       tutorial_(platform) {
     ConnectFiles();
     ConnectBlock();
@@ -151,7 +151,7 @@ void Form1::ConnectLink() {
     download_.OnDownloadStarted = Announce(CommandEvent::DownloadStarted);
     download_.OnVarnoOpened = Announce(CommandEvent::VarnoMenuOpens);
     timer1_.OnTimer = [this] { transfer_.Timer1_Timer(); };
-    MSComm1_->OnReceive = [this] { upload_.MSComm1_OnComm(); };
+    msComm1_->OnReceive = [this] { upload_.MSComm1_OnComm(); };
     Menu("Varno").OnClick = [this] { download_.Varno_Click(); };
     Menu("Abort").OnClick = [this] { transfer_.Abort_Click(); };
     Menu("Retrieve").OnClick = [this] { upload_.Retrieve_Click(); };
@@ -173,7 +173,7 @@ void Form1::ConnectWindow() {
 void Form1::Form_Load() {
     const SettingsStore& settings = platform_.Settings();
     LoadFolders(settings, state_.folders);
-    LoadCommunications(settings, *MSComm1_);
+    LoadCommunications(settings, *msComm1_);
     window_->SetMinimumSize(MinimumWidth, MinimumHeight);
     LoadWindowSize(settings, *window_);
     window_->SetCaption(platform_.App().exeName + " " + VersionText(platform_.App()));
@@ -239,7 +239,7 @@ void Form1::Form_Unload() {
     files_.AskToSaveBlock();
     SettingsStore& settings = platform_.Settings();
     SaveFolders(settings, state_.folders);
-    SaveCommunications(settings, *MSComm1_);
+    SaveCommunications(settings, *msComm1_);
     SaveWindowSize(settings, *window_);
     platform_.Quit();
 }

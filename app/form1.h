@@ -53,7 +53,7 @@ class Form1 {
     Platform& platform_;
     WorkingState state_;
     std::unique_ptr<Window> window_;
-    std::unique_ptr<SerialControl> MSComm1_;
+    std::unique_ptr<SerialControl> msComm1_;
     BlockControls controls_;
     Label& message_;
     Timer& timer1_;

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <QTextEdit>
 #include <QTimer>
+#include <exception>
 #include <fstream>
 
 #include "app/form1.h"
@@ -159,7 +160,7 @@ void BenchPicker(QtPlatform& platform, const Catalogues& catalogues) {
 }  // namespace
 }  // namespace varno
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
     QApplication application(argc, argv);
     varno::PrepareApplication();
     QTemporaryDir folder;
@@ -179,4 +180,7 @@ int main(int argc, char** argv) {
     varno::BenchCodec(editor, catalogues);
     varno::BenchKey(editor);
     varno::BenchPicker(platform, catalogues);
+} catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
 }

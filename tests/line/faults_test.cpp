@@ -114,7 +114,7 @@ struct FaultyTransfer {
 
 TEST(Faults, EndADownload) {
     for (const auto& [name, fault] : Faults) {
-        for (const unsigned at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007, 8008, 8368}) {
+        for (const unsigned at : {0U, 1U, 80U, 4095U, 4096U, 4097U, 8006U, 8007U, 8008U, 8368U}) {
             SCOPED_TRACE(testing::Message() << name << " at " << at);
             FaultyTransfer run(fault, at);
             run.window.Load(TwoTickets());
@@ -134,7 +134,7 @@ TEST(Faults, EndADownload) {
 
 TEST(Faults, EndAnUpload) {
     for (const auto& [name, fault] : Faults) {
-        for (const unsigned at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007}) {
+        for (const unsigned at : {0U, 1U, 80U, 4095U, 4096U, 4097U, 8006U, 8007U}) {
             SCOPED_TRACE(testing::Message() << name << " at " << at);
             FaultyTransfer run(fault);
             run.window.upload.Retrieve_Click();
