@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QTextBlock>
+#include <algorithm>
 
 #include "codec/windows1252.h"
 #include "platform/qt/simple_controls.h"
@@ -12,6 +13,29 @@ namespace {
 constexpr int LongestText = 1 << 20;  // characters kept
 // Dropping a little more than is due keeps the next characters from dropping again.
 constexpr int DropMargin = LongestText / 16;
+// Qt lays out a whole line for each character added to it. Beyond this many the text goes on in a
+// line of its own, which is marked so that Text() knows.
+constexpr int LongestLine = 1024;
+constexpr int GoesOn = 1;  // QTextBlock::userState
+
+void InsertInLines(QTextCursor& cursor, const QString& text) {
+    for (qsizetype at = 0; at < text.size();) {
+        const qsizetype room = LongestLine - cursor.positionInBlock();
+        if (room <= 0 && text.at(at) != u'\r' && text.at(at) != u'\n') {
+            cursor.insertBlock();
+            cursor.block().setUserState(GoesOn);
+            continue;
+        }
+        const qsizetype lineEnd = text.indexOf(u'\n', at);
+        const qsizetype line = (lineEnd < 0 ? text.size() : lineEnd + 1) - at;
+        qsizetype taken = std::min(line, std::max<qsizetype>(room, 1));
+        if (taken + 1 == line && lineEnd >= 0) {
+            taken = line;  // a line break stays in one piece
+        }
+        cursor.insertText(text.mid(at, taken));
+        at += taken;
+    }
+}
 
 }  // namespace
 
@@ -54,11 +78,13 @@ QtTextArea::QtTextArea(const ControlDesign& design, QWidget* parent)
 
 std::string QtTextArea::Text() const {
     std::string bytes;
-    for (const QChar character : widget_->toPlainText()) {
-        if (character == u'\n') {
-            bytes += '\r';
+    for (QTextBlock line = widget_->document()->begin(); line.isValid(); line = line.next()) {
+        if (line.blockNumber() > 0 && line.userState() != GoesOn) {
+            bytes += "\r\n";
         }
-        bytes += static_cast<char>(ToWindows1252(character.unicode()));
+        for (const QChar character : line.text()) {
+            bytes += static_cast<char>(ToWindows1252(character.unicode()));
+        }
     }
     return bytes;
 }
@@ -71,14 +97,16 @@ void QtTextArea::Append(std::string_view bytes) {
     if (bytes.empty()) {
         return;
     }
+    // A line break may arrive in two pieces: its CR has broken the line already.
+    if (endsInCr_ && bytes.front() == '\n') {
+        bytes.remove_prefix(1);
+    }
+    endsInCr_ = !bytes.empty() && bytes.back() == '\r';
     QTextCursor end(widget_->document());
     end.movePosition(QTextCursor::End);
-    // A line break may arrive in two pieces: the CR that waits belongs to this LF.
-    if (bytes.front() == '\n' && end.position() > 0 &&
-        widget_->document()->characterAt(end.position() - 1) == u'\r') {
-        end.deletePreviousChar();
-    }
-    end.insertText(QString::fromStdU16String(FromWindows1252(bytes)));
+    end.beginEditBlock();
+    InsertInLines(end, QString::fromStdU16String(FromWindows1252(bytes)));
+    end.endEditBlock();
     DropOldest();
     end.movePosition(QTextCursor::End);
     widget_->setTextCursor(end);

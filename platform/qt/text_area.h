@@ -30,6 +30,8 @@ class QtTextArea final : public QtControl<TextArea, LineView> {
 
   private:
     void DropOldest();
+
+    bool endsInCr_ = false;  // the text appended last
 };
 
 }  // namespace varno

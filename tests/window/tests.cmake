@@ -10,6 +10,7 @@ if(Qt6_FOUND)
         window/qt_main.cpp
         window/start_close_test.cpp
         window/states_test.cpp
+        window/text_area_test.cpp
         LINKS app qtplatform Qt6::Test)
     varno_test(window_random_test
         window/qt_main.cpp
