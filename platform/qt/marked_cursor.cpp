@@ -92,13 +92,15 @@ QTextCharFormat ToQt(const CharFormat& format) {
     return result;
 }
 
+// The colour and the line under a link are the link's, not the text's.
 CharFormat FromQt(const QTextCharFormat& format) {
-    const bool coloured = format.hasProperty(QTextFormat::ForegroundBrush) &&
+    const bool link = format.isAnchor();
+    const bool coloured = !link && format.hasProperty(QTextFormat::ForegroundBrush) &&
                           format.foreground().style() != Qt::NoBrush;
     return {.colour = coloured ? FromQt(format.foreground().color()) : TextColour,
             .bold = format.fontWeight() >= QFont::DemiBold,
             .italic = format.fontItalic(),
-            .underline = format.fontUnderline(),
+            .underline = format.fontUnderline() && !link,
             .strikeThrough = format.fontStrikeOut()};
 }
 

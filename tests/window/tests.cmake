@@ -5,6 +5,7 @@ if(Qt6_FOUND)
         window/qt_main.cpp
         LINKS app qtplatform Qt6::Test)
     varno_test(window_test
+        window/clipboard_test.cpp
         window/files_test.cpp
         window/look_test.cpp
         window/qt_main.cpp
