@@ -19,7 +19,7 @@ void PrepareApplication() {
     QGuiApplication::setApplicationDisplayName(QString());
     QGuiApplication::setDesktopFileName(QStringLiteral("varno-ticket-formatter"));
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    for (const int size : {16, 24, 32, 48, 64}) {
         icon.addFile(QStringLiteral(":/icons/%1.png").arg(size));
     }
     QGuiApplication::setWindowIcon(icon);

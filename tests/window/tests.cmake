@@ -20,4 +20,10 @@ if(Qt6_FOUND)
     foreach(test window_editor_test window_test window_random_test)
         target_compile_definitions(${test} PRIVATE VARNO_CATALOGUES="${PROJECT_SOURCE_DIR}/samples")
     endforeach()
+    # What the windows show, on screens of other scales.
+    foreach(scale 1.5 2)
+        add_test(NAME window_test_at_${scale} COMMAND window_test --gtest_filter=*Look*)
+        set_tests_properties(window_test_at_${scale} PROPERTIES
+            ENVIRONMENT "QT_SCALE_FACTOR=${scale}")
+    endforeach()
 endif()
