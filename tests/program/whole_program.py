@@ -125,13 +125,16 @@ def find_it_again(path):
         program.kill()
 
 
+def set_port(port):
+    with open(os.path.join(os.environ["XDG_CONFIG_HOME"], "VarnoTicketFormatter.ini"),
+              "w", encoding="ascii") as settings:
+        settings.write(f'[Communications]\nCOM={port}\nSettings="115200,n,8,1"\n')
+
+
 def transfer(folder, path):
     """Down to the simulated indicator, and up again from it."""
     with Indicator(FOLDER) as indicator:
-        with open(os.path.join(os.environ["XDG_CONFIG_HOME"], "VarnoTicketFormatter.ini"),
-                  "w", encoding="ascii") as settings:
-            settings.write(
-                f'[Communications]\nCOM={indicator.port}\nSettings="115200,n,8,1"\n')
+        set_port(indicator.port)
         program = Program(PROGRAM, path)
         try:
             indicator.tell("78")
@@ -155,12 +158,50 @@ def transfer(folder, path):
             program.kill()
 
 
+def open_everything(path):
+    """Every menu command that opens something, by its access keys, and back by keyboard."""
+    main_window = "VarnoTicketFormatter 1.0.2"
+    set_port(200)
+    program = Program(PROGRAM, path)
+    try:
+        program.type("A")
+        for keys, title, back in (
+            (("alt+f", "o", "Return"), "Open", ("Escape",)),
+            (("alt+f", "Down", "Down", "Return"), "Save As", ("Escape",)),
+            (("alt+f", "a"), "Save As", ("Escape",)),
+            (("alt+f", "Up", "Up", "Up", "Return"), "Open", ("Escape",)),
+            (("alt+f", "Up", "Up", "Return"), "Save As", ("Escape",)),
+            (("alt+v", "s"), "COM Port Parameters", ("Escape",)),
+            (("alt+c",), "Varno Control Codes", ("Escape",)),
+            (("alt+p",), "Varno Print Codes", ("Escape",)),
+            (("alt+a",), "ASCII Codes", ("Escape",)),
+            (("alt+t",), "Error", ("Return",)),  # port 200 is not there, which the terminal says
+            ((), "Terminal Window", ("alt+e",)),
+            (("alt+h", "t"), "Tutorial", ("Escape",)),
+            (("alt+h", "a"), "Varno Ticket Formatter", ("Return",)),
+        ):
+            if keys:
+                program.keys(*keys)
+            if title == "Open" and "Save the current ticket?" in " ".join(program.labels()):
+                program.keys("alt+n")
+            program.await_window(title)
+            program.keys(*back)
+            if title != "Error":
+                program.await_window(main_window)
+        program.quit()
+        answer(program, "Save the current ticket?", "alt+n")
+        program.await_end()
+    finally:
+        program.kill()
+
+
 def main():
     with tempfile.TemporaryDirectory() as folder:
         os.environ["XDG_CONFIG_HOME"] = folder
         os.environ["XDG_DATA_HOME"] = folder
         path = write_first_ticket(folder)
         find_it_again(path)
+        open_everything(path)
         transfer(folder, path)
     print("the whole program: written, found again, sent and received")
 
