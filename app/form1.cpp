@@ -126,7 +126,7 @@ void Form1::ConnectBlock() {
 }
 
 void Form1::ConnectEditor() {
-    editor_.OnChanged = [this](bool) { commandStates_.On(CommandEvent::EditorChanged); };
+    editor_.OnChanged = Announce(CommandEvent::EditorChanged);
     editor_.OnFocused = Announce(CommandEvent::EditorFocused);
     editor_.OnPutRequested = [this] { put_.PutButton_Click(); };
     RichTextBox& richText = controls_.RichText;

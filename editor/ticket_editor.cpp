@@ -11,7 +11,7 @@ TicketEditor::TicketEditor(RichTextBox& richText, bool& ticketChanged,
 
 void TicketEditor::RichText_Change() {
     ticketChanged_ = true;
-    if (OnChanged) OnChanged(richText_.HasText());
+    if (OnChanged) OnChanged();
 }
 
 void TicketEditor::RichText_Click() {

@@ -21,7 +21,7 @@ class TicketEditor {
     void RichText_KeyUp();
     void RichText_GotFocus();
 
-    std::function<void(bool hasText)> OnChanged;
+    std::function<void()> OnChanged;
     std::function<void()> OnFocused;
     std::function<void()> OnPutRequested;  // the ticket in the editor is to go into the block
 
