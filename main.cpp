@@ -1,9 +1,11 @@
 #include <QApplication>
 
 #include "app/form1.h"
+#include "platform/files.h"
 #include "platform/qt/qt_platform.h"
 
 int main(int argc, char** argv) {
+    varno::SurviveFailedWrites();
     QApplication application(argc, argv);
     varno::PrepareApplication();
     varno::QtPlatform platform(varno::ThisProgram());

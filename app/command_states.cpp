@@ -52,7 +52,7 @@ constexpr std::array Rules{
     Rule{FileMenuOpens, "SaveList", NewState::Rows},
 
     Rule{BlockOpened, "DownloadButton", NewState::Rows},
-    Rule{TicketPut, "DownloadButton", NewState::Rows},
+    Rule{PutEnded, "DownloadButton", NewState::Rows},
     Rule{TicketDeleted, "DownloadButton", NewState::Rows},
 
     Rule{NumberChanged, "PutButton", NewState::EditorText},

@@ -1,28 +1,11 @@
 // The one place that decides which commands of the main window are offered.
 #pragma once
 
+#include "platform/announce.h"
 #include "platform/rich_text.h"
 #include "platform/window.h"
 
 namespace varno {
-
-// What happened in the window or on the line.
-enum class CommandEvent {
-    UploadStarted,  // the port is open
-    ImageBegins,    // of an upload
-    UploadEnded,    // complete
-    TransferEnded,
-    DownloadStarted,  // confirmed, the port not open yet
-    VarnoMenuOpens,
-    FileMenuOpens,
-    BlockOpened,
-    TicketPut,
-    TicketDeleted,
-    NumberChanged,
-    ListSelected,
-    EditorChanged,
-    EditorFocused,
-};
 
 class CommandStates {
   public:

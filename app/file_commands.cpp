@@ -1,8 +1,10 @@
 #include "app/file_commands.h"
 
 #include "app/path_rules.h"
+#include "block/block_file.h"
 #include "block/parse.h"
 #include "block/unsaved_question.h"
+#include "codec/text_limits.h"
 #include "platform/files.h"
 #include "platform/platform.h"
 #include "platform/rtf/rtf_reader.h"
@@ -29,15 +31,11 @@ bool ShowName(Label& label, const std::string& bareName, const char* extension) 
     return name.has_value();
 }
 
-std::string FirstField(const std::string& bytes) {
-    return bytes.substr(0, bytes.find_first_of(",\r\n"));
-}
-
 }  // namespace
 
 Error FileCommands::OpenTicketFile(const std::string& path) {
     std::string bytes;
-    if (Error error = ReadFile(path, bytes)) {
+    if (Error error = ReadFile(path, bytes, MostTicketFileBytes + 1)) {
         return error;
     }
     MarkedText ticket;
@@ -52,11 +50,9 @@ Error FileCommands::OpenTicketFile(const std::string& path) {
 }
 
 Error FileCommands::OpenBlockFile(const std::string& path) {
-    std::string bytes;
-    if (Error error = ReadFile(path, bytes)) {
+    if (Error error = ReadBlockFile(path, state_.block.TicketBuffer)) {
         return error;
     }
-    state_.block.TicketBuffer = FirstField(bytes);
     ParseTicketBuffer(state_.block, controls_.TicketList, controls_.Message);
     if (ShowName(controls_.ListName, BareName(path), BlockKind.extension)) {
         state_.block.BlockChanged = false;
@@ -79,7 +75,7 @@ void FileCommands::AskToSaveBlock() {
 }
 
 void FileCommands::FileMenu_Click() {
-    OnFileMenuOpens();
+    announce_(CommandEvent::FileMenuOpens);
 }
 
 void FileCommands::LoadTicket_Click() {
@@ -108,7 +104,7 @@ void FileCommands::LoadList_Click() {
     controls_.TicketList.Clear();
     (void)OpenBlockFile(chosen->fileName);  // says nothing when it fails
     state_.folders.LoadListFolder = FolderOf(chosen->fileName, chosen->fileTitle);
-    OnBlockOpened();
+    announce_(CommandEvent::BlockOpened);
 }
 
 void FileCommands::SaveTicket_Click() {
@@ -134,7 +130,7 @@ void FileCommands::SaveTicketAs_Click() {
 void FileCommands::SaveList_Click() {
     const auto chosen = ChooseNewFile(BlockKind, state_.folders.SaveListFolder,
                                       controls_.ListName.Caption() + ".VRB");
-    if (!chosen || !Write(chosen->fileName, state_.block.TicketBuffer + "\r\n")) {
+    if (!chosen || !Write(chosen->fileName, BlockFileBytes(state_.block.TicketBuffer))) {
         return;
     }
     ShowName(controls_.ListName, chosen->fileTitle, BlockKind.extension);

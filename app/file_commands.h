@@ -1,10 +1,11 @@
 // Tickets and blocks on disk: the commands of the File menu, and opening a file by its path.
 #pragma once
 
-#include <functional>
 #include <string>
+#include <utility>
 
 #include "app/working_state.h"
+#include "platform/announce.h"
 #include "platform/dialogs.h"
 #include "platform/error.h"
 #include "platform/rich_text.h"
@@ -22,11 +23,9 @@ struct FileControls {
 
 class FileCommands {
   public:
-    FileCommands(const FileControls& controls, Dialogs& dialogs, WorkingState& state)
-        : controls_(controls), dialogs_(dialogs), state_(state) {}
-
-    std::function<void()> OnBlockOpened;
-    std::function<void()> OnFileMenuOpens;
+    FileCommands(const FileControls& controls, Dialogs& dialogs, WorkingState& state,
+                 Announce announce)
+        : controls_(controls), dialogs_(dialogs), state_(state), announce_(std::move(announce)) {}
 
     void FileMenu_Click();
     void LoadTicket_Click();
@@ -58,6 +57,7 @@ class FileCommands {
     FileControls controls_;
     Dialogs& dialogs_;
     WorkingState& state_;
+    Announce announce_;
 };
 
 }  // namespace varno

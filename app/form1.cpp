@@ -1,5 +1,7 @@
 #include "app/form1.h"
 
+#include <algorithm>
+
 #include "app/about.h"
 #include "app/layout.h"
 #include "app/main_window_design.h"
@@ -33,29 +35,33 @@ Form1::Form1(Platform& platform)
       timer1_(window_->Get<Timer>("Timer1")),
       catalogues_(CataloguesIn(platform.App().path)),
       commandStates_(*window_),
+      announce_([this](CommandEvent event) { commandStates_.On(event); }),
       files_({.RichText = controls_.RichText,
               .TicketList = controls_.TicketList,
               .TicketNumber = controls_.TicketNumber,
               .TicketName = controls_.TicketName,
               .ListName = window_->Get<Label>("ListName"),
               .Message = message_},
-             platform.Ask(), state_),
-      put_(controls_, platform.Ask(), state_.block),
-      delete_(controls_, state_.block),
+             platform.Ask(), state_, announce_),
+      put_(controls_, platform.Ask(), state_.block, announce_),
+      delete_(controls_, state_.block, announce_),
       keyAssignment_(controls_, state_.block),
-      listView_(controls_, platform.Ask(), state_.block, state_.TicketChanged, catalogues_,
-                delete_),
+      listView_(
+          controls_, platform.Ask(), state_.block, state_.TicketChanged, catalogues_, delete_,
+          [this] { files_.SaveTicket_Click(); }, announce_),
       insertCommands_(controls_.RichText, platform, catalogues_),
-      editor_(controls_.RichText, state_.TicketChanged, insertCommands_),
-      transfer_(*msComm1_, message_, timer1_),
+      editor_(
+          controls_.RichText, state_.TicketChanged, insertCommands_,
+          [this] { put_.PutButton_Click(); }, announce_),
+      transfer_(*msComm1_, message_, timer1_, announce_),
       upload_({.MSComm1 = *msComm1_,
                .Message = message_,
                .Timer1 = timer1_,
                .TicketList = controls_.TicketList,
                .RichText = controls_.RichText},
-              platform.Ask(), state_.block, transfer_),
-      download_({.MSComm1 = *msComm1_, .Message = message_, .TicketList = controls_.TicketList},
-                platform, state_.block, transfer_),
+              platform.Ask(), state_.block, transfer_, announce_),
+      download_({.Message = message_, .TicketList = controls_.TicketList}, platform, state_.block,
+                transfer_, announce_),
       serialSettings_(*msComm1_, platform.Ask()),
       terminal_(platform, *msComm1_),
       tutorial_(platform) {
@@ -81,13 +87,7 @@ BlockControls Form1::MakeBlockControls() {
             .TicketName = window_->Get<Label>("TicketName")};
 }
 
-std::function<void()> Form1::Announce(CommandEvent event) {
-    return [this, event] { commandStates_.On(event); };
-}
-
 void Form1::ConnectFiles() {
-    files_.OnBlockOpened = Announce(CommandEvent::BlockOpened);
-    files_.OnFileMenuOpens = Announce(CommandEvent::FileMenuOpens);
     Menu("FileMenu").OnClick = [this] { files_.FileMenu_Click(); };
     Menu("LoadTicket").OnClick = [this] { files_.LoadTicket_Click(); };
     Menu("SaveTicket").OnClick = [this] { files_.SaveTicket_Click(); };
@@ -98,13 +98,10 @@ void Form1::ConnectFiles() {
 }
 
 void Form1::ConnectBlock() {
-    put_.OnNumberChanged = Announce(CommandEvent::NumberChanged);
-    put_.OnPutEnded = Announce(CommandEvent::TicketPut);
     controls_.TicketNumber.OnKeyPress = &PutCommand::TicketNumber_KeyPress;
     controls_.TicketNumber.OnChange = [this] { put_.TicketNumber_Change(); };
     controls_.PutButton.OnClick = [this] { put_.PutButton_Click(); };
 
-    delete_.OnDeleted = Announce(CommandEvent::TicketDeleted);
     controls_.DeleteButton.OnClick = [this] { delete_.DeleteButton_Click(); };
 
     for (int key = 0; key < KeyCount; ++key) {
@@ -113,8 +110,6 @@ void Form1::ConnectBlock() {
         button.OnClick = button.OnMouseUp;  // from the keyboard
     }
 
-    listView_.OnListSelected = Announce(CommandEvent::ListSelected);
-    listView_.SaveTicket = [this] { files_.SaveTicket_Click(); };
     controls_.TicketList.OnClick = [this] { listView_.TicketList_Click(); };
     controls_.TicketList.OnDblClick = [this] { listView_.TicketList_DblClick(); };
     controls_.TicketList.OnGotFocus = [this] { listView_.TicketList_GotFocus(); };
@@ -126,11 +121,11 @@ void Form1::ConnectBlock() {
 }
 
 void Form1::ConnectEditor() {
-    editor_.OnChanged = Announce(CommandEvent::EditorChanged);
-    editor_.OnFocused = Announce(CommandEvent::EditorFocused);
-    editor_.OnPutRequested = [this] { put_.PutButton_Click(); };
     RichTextBox& richText = controls_.RichText;
     richText.OnChange = [this] { editor_.RichText_Change(); };
+    richText.OnRefused = [this](const std::string& why) {
+        platform_.Ask().ShowMessage(why, ApplicationTitle, Buttons::Ok, Icon::Exclamation);
+    };
     richText.OnClick = [this] { editor_.RichText_Click(); };
     richText.OnDblClick = [this] { editor_.RichText_DblClick(); };
     richText.OnKeyDown = [this](int keyCode, int shift) {
@@ -144,12 +139,6 @@ void Form1::ConnectEditor() {
 }
 
 void Form1::ConnectLink() {
-    transfer_.OnTransferEnded = Announce(CommandEvent::TransferEnded);
-    upload_.OnUploadStarted = Announce(CommandEvent::UploadStarted);
-    upload_.OnImageBegins = Announce(CommandEvent::ImageBegins);
-    upload_.OnUploadEnded = Announce(CommandEvent::UploadEnded);
-    download_.OnDownloadStarted = Announce(CommandEvent::DownloadStarted);
-    download_.OnVarnoOpened = Announce(CommandEvent::VarnoMenuOpens);
     timer1_.OnTimer = [this] { transfer_.Timer1_Timer(); };
     msComm1_->OnReceive = [this] { upload_.MSComm1_OnComm(); };
     Menu("Varno").OnClick = [this] { download_.Varno_Click(); };
@@ -216,7 +205,8 @@ void Form1::Form_Resize() {
     change(controls_.TicketName, [&](Place& p) { p.width = layout.ticketNameWidth; });
     change(controls_.TicketList, [&](Place& p) {
         p.left = layout.ticketListLeft;
-        p.height = layout.ticketListHeight;
+        // Its designed height reaches under the transfer buttons.
+        p.height = std::min(layout.ticketListHeight, layout.transferTop - p.top);
     });
     change(TheButton("UploadButton"), [&](Place& p) {
         p.left = layout.uploadLeft;

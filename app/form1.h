@@ -47,8 +47,6 @@ class Form1 {
 
     Button& TheButton(std::string_view name) { return window_->Get<Button>(name); }
     MenuItem& Menu(std::string_view name) { return window_->Get<MenuItem>(name); }
-    // A callback that tells the command states of an event.
-    std::function<void()> Announce(CommandEvent event);
 
     Platform& platform_;
     WorkingState state_;
@@ -59,6 +57,7 @@ class Form1 {
     Timer& timer1_;
     Catalogues catalogues_;
     CommandStates commandStates_;
+    Announce announce_;  // to commandStates_
 
     FileCommands files_;
     PutCommand put_;

@@ -81,7 +81,7 @@ constexpr std::array Controls{
                   .place = {5880, 360, 465, 195},
                   .accessibleDescription = "Block file",
                   .alignment = Alignment::Right,
-                  .growsToFit = true},
+                  .growsTo = 3000},
     ControlDesign{.name = "TicketList",
                   .kind = Kind::ListBox,
                   .place = {5400, 600, 975, 3420},

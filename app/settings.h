@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/working_state.h"
-#include "platform/serial_control.h"
+#include "platform/serial/serial_control.h"
 #include "platform/settings_store.h"
 #include "platform/window.h"
 

@@ -11,9 +11,11 @@
 #include <stdexcept>
 #include <utility>
 
-#include "platform/qt/serial_port_adapter.h"
+#include "block/image.h"
+#include "link/block_transfer.h"
+#include "link/port_session.h"
+#include "platform/qt/serial/serial_port_adapter.h"
 #include "tests/line/event_loop.h"
-#include "tests/link/link_window.h"
 #include "tests/link/scratch_folder.h"
 
 namespace varno {
@@ -97,31 +99,38 @@ void GapWatch::Print() const {
 struct Bench {
     IndicatorProcess indicator;
     std::unique_ptr<SerialControl> port = MakeSerialControl(indicator.Folder().toStdString(), 8092);
-    LinkWindow window{*port};
 
-    Bench() {
-        window.platform.onDoEvents = [] { QCoreApplication::processEvents(); };
-        window.Load(TwoTickets());
+    void OpenPort() {
+        if (const Error error = port->OpenPort()) {
+            throw std::runtime_error(*error);
+        }
     }
-
     // Until the indicator has captured. The program may be done earlier, since a pseudo-terminal
     // takes characters that the line has still to carry.
     double DownloadSeconds() {
         indicator.Command("78", "capturing\n");
-        window.ExpectConfirmation(Answer::Ok);
         QElapsedTimer elapsed;
         elapsed.start();
-        window.download.Transmit_Click();
-        indicator.Answer("captured, 2 tickets");
+        OpenPort();
+        PortSession session(*port);
+        SendBlock(NewTicketBuffer(), session,
+                  {[](int) {}, [] { QCoreApplication::processEvents(); }});
+        port->ClosePort();
+        indicator.Answer("captured, 0 tickets");
         return static_cast<double>(elapsed.nsecsElapsed()) / 1e9;
     }
     double UploadSeconds() {
-        window.ExpectWarning(Answer::Ok);
-        window.upload.Retrieve_Click();
+        std::string image;
+        bool complete = false;
+        port->OnReceive = [&, incoming = IncomingBlock()]() mutable {
+            complete = incoming.Take(port->Input(), image).complete;
+        };
+        OpenPort();
         QElapsedTimer elapsed;
         elapsed.start();
         indicator.Command("77");
-        WaitFor([this] { return !port->PortOpen(); }, 30000);
+        WaitFor([&] { return complete; }, 30000);
+        port->ClosePort();
         return static_cast<double>(elapsed.nsecsElapsed()) / 1e9;
     }
 

@@ -10,14 +10,11 @@ void DeleteCommand::DeleteButton_Click() {
     }
     block_.RemoveTicketRecord(LeadingNumber(list.List(selected)));
     list.RemoveItem(selected);
-    block_.BlockChanged = true;
     for (ToggleButton* button : controls_.KeyAssignment) {
         button->SetValue(false);
     }
     controls_.RichText.SetFocus();
-    if (OnDeleted) {
-        OnDeleted();
-    }
+    announce_(CommandEvent::TicketDeleted);
 }
 
 }  // namespace varno

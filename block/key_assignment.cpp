@@ -1,12 +1,11 @@
 #include "block/key_assignment.h"
 
 #include <string>
+#include <vector>
 
 namespace varno {
 
 namespace {
-
-constexpr int NoKey = -1;
 
 // The key whose letter was typed, or NoKey.
 int KeyOfLetter(char32_t character) {
@@ -28,11 +27,8 @@ void KeyAssignmentCommand::KeyAssignment_MouseUp(int index) {
     }
     const bool bind = controls_.KeyAssignment[static_cast<std::size_t>(index)]->Value();
     PressOnly(bind ? index : NoKey);
-    MarkRows(index, bind);
-    block_.BlockChanged = true;
+    AssignRows(index, bind);
     controls_.TicketList.SetFocus();
-    RebuildKeyTicket();
-    block_.WriteKeyWords();
 }
 
 void KeyAssignmentCommand::TicketList_KeyPress(char32_t character) {
@@ -51,30 +47,22 @@ void KeyAssignmentCommand::PressOnly(int index) {
     }
 }
 
-void KeyAssignmentCommand::MarkRows(int index, bool bind) {
+// The list as it would be; only rows that change are set.
+void KeyAssignmentCommand::AssignRows(int index, bool bind) {
     ListBox& list = controls_.TicketList;
-    const char letter = KeyLetter(index);
-    for (int i = 0; bind && i < list.ListCount(); ++i) {
-        const std::string row = list.List(i);
-        if (RowKeyLetter(row) == letter) {
-            list.SetItem(i, UnboundRow(row));
+    std::vector<std::string> rows;
+    rows.reserve(static_cast<std::size_t>(list.ListCount()));
+    for (int i = 0; i < list.ListCount(); ++i) {
+        rows.push_back(list.List(i));
+    }
+    const std::vector<std::string> before = rows;
+    AssignKey(rows, static_cast<std::size_t>(list.ListIndex()), index, bind);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i] != before[i]) {
+            list.SetItem(static_cast<int>(i), rows[i]);
         }
     }
-    const int selected = list.ListIndex();
-    const std::string row = list.List(selected);
-    list.SetItem(selected, bind ? BoundRow(row, letter) : UnboundRow(row));
-}
-
-void KeyAssignmentCommand::RebuildKeyTicket() {
-    block_.KeyTicket.fill(0);
-    for (int i = 0; i < controls_.TicketList.ListCount(); ++i) {
-        const std::string row = controls_.TicketList.List(i);
-        for (int key = 0; key < KeyCount; ++key) {
-            if (RowKeyLetter(row) == KeyLetter(key)) {
-                block_.KeyTicket[static_cast<std::size_t>(key)] = LeadingNumber(row);
-            }
-        }
-    }
+    block_.SetKeys(KeysOf(rows));
 }
 
 }  // namespace varno

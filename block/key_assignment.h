@@ -21,8 +21,7 @@ class KeyAssignmentCommand {
 
   private:
     void PressOnly(int index);
-    void MarkRows(int index, bool bind);
-    void RebuildKeyTicket();
+    void AssignRows(int index, bool bind);
 
     BlockControls controls_;
     TicketBlock& block_;

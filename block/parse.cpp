@@ -22,7 +22,8 @@ std::string KeyMark(const TicketBlock& block, int ticketNumber) {
 void ParseTicketBuffer(TicketBlock& block, ListBox& ticketList, Label& message) {
     message.SetCaption("");
     std::vector<std::string> rows;
-    for (const int ticketNumber : block.ReadTickets()) {
+    block.LoadKeys();
+    for (const int ticketNumber : block.Tickets()) {
         rows.push_back(std::to_string(ticketNumber));
     }
     // The list sorts by itself, but a long list of a wrong file fills much faster in order.

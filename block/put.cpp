@@ -7,13 +7,6 @@
 
 namespace varno {
 
-namespace {
-
-constexpr int FirstTicketNumber = 200;
-constexpr int LastTicketNumber = 999;
-
-}  // namespace
-
 bool PutCommand::TicketNumber_KeyPress(char32_t character) {
     return character == KeyBackspace || (character >= U'0' && character <= U'9');
 }
@@ -21,14 +14,12 @@ bool PutCommand::TicketNumber_KeyPress(char32_t character) {
 void PutCommand::TicketNumber_Change() {
     controls_.PutButton.SetToolTip("Put ticket " + controls_.TicketNumber.Text() +
                                    " into ticket block.");
-    if (OnNumberChanged) {
-        OnNumberChanged();
-    }
+    announce_(CommandEvent::NumberChanged);
 }
 
 void PutCommand::PutButton_Click() {
     const int ticketNumber = LeadingNumber(controls_.TicketNumber.Text());
-    if (ticketNumber < FirstTicketNumber || ticketNumber > LastTicketNumber) {
+    if (!IsTicketNumber(ticketNumber)) {
         dialogs_.ShowMessage("Enter a valid ticket number (200..999).", "Bad Ticket Number",
                              Buttons::Ok, Icon::Exclamation);
         controls_.TicketNumber.SetFocus();
@@ -39,9 +30,7 @@ void PutCommand::PutButton_Click() {
         PutTicket();
         controls_.RichText.SetFocus();
     }
-    if (OnPutEnded) {
-        OnPutEnded();
-    }
+    announce_(CommandEvent::PutEnded);
 }
 
 // True also where there is nothing to overwrite.
@@ -57,33 +46,25 @@ bool PutCommand::ConfirmOverwriting(int ticketNumber) {
 }
 
 void PutCommand::PutTicket() {
-    if (!IsImage(block_.TicketBuffer)) {
-        block_.TicketBuffer = NewTicketBuffer();
-    }
-    const bool located = block_.LocateEndMarker();
     const std::string numberText = controls_.TicketNumber.Text();
     const int ticketNumber = LeadingNumber(numberText);
     const std::string record = EncodeTicket(controls_.RichText.Content(), ticketNumber);
     controls_.RichText.SetSelStart(controls_.RichText.SelStart());  // encoding drops a selection
-    // Where an image has no end marker, nothing says where its records end: it counts as full.
-    if (!located || static_cast<int>(record.size()) > block_.BufferFree) {
+    if (block_.PutRecord(ticketNumber, record) == PutResult::TooBig) {
         dialogs_.ShowMessage("too big", ApplicationTitle, Buttons::Ok, Icon::None);
         return;
     }
     const int place = RemoveOlderRow(ticketNumber);
-    block_.PutRecordFirst(record);
     controls_.TicketList.InsertItem(place, numberText);
-    block_.BlockChanged = true;
 }
 
-// Removes an older ticket of the number, row and record; returns where the new row belongs.
+// Removes the row of an older ticket of the number; returns where the new row belongs.
 int PutCommand::RemoveOlderRow(int ticketNumber) {
     int place = 0;
     for (; place < controls_.TicketList.ListCount(); ++place) {
         const int rowNumber = LeadingNumber(controls_.TicketList.List(place));
         if (rowNumber == ticketNumber) {
             controls_.TicketList.RemoveItem(place);
-            block_.RemoveTicketRecord(ticketNumber);
             break;
         }
         if (rowNumber > ticketNumber) {

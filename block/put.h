@@ -1,21 +1,20 @@
 // The number box and the Put command: the ticket of the editor goes into the block.
 #pragma once
 
-#include <functional>
+#include <utility>
 
 #include "block/block_controls.h"
 #include "block/ticket_block.h"
+#include "platform/announce.h"
 #include "platform/dialogs.h"
 
 namespace varno {
 
 class PutCommand {
   public:
-    PutCommand(const BlockControls& controls, Dialogs& dialogs, TicketBlock& block)
-        : controls_(controls), dialogs_(dialogs), block_(block) {}
-
-    std::function<void()> OnNumberChanged;  // the text of the number box changed
-    std::function<void()> OnPutEnded;       // put, or refused; not after No to overwriting
+    PutCommand(const BlockControls& controls, Dialogs& dialogs, TicketBlock& block,
+               Announce announce)
+        : controls_(controls), dialogs_(dialogs), block_(block), announce_(std::move(announce)) {}
 
     // True keeps the character.
     static bool TicketNumber_KeyPress(char32_t character);
@@ -30,6 +29,7 @@ class PutCommand {
     BlockControls controls_;
     Dialogs& dialogs_;
     TicketBlock& block_;
+    Announce announce_;
 };
 
 }  // namespace varno

@@ -25,4 +25,26 @@ std::string BoundRow(std::string_view row, char keyLetter) {
     return UnboundRow(row) + "  " + keyLetter;
 }
 
+void AssignKey(std::vector<std::string>& rows, std::size_t selected, int key, bool bind) {
+    const char letter = KeyLetter(key);
+    for (std::string& row : rows) {
+        if (bind && RowKeyLetter(row) == letter) {
+            row = UnboundRow(row);
+        }
+    }
+    rows[selected] = bind ? BoundRow(rows[selected], letter) : UnboundRow(rows[selected]);
+}
+
+KeyTickets KeysOf(const std::vector<std::string>& rows) {
+    KeyTickets keys{};
+    for (const std::string& row : rows) {
+        for (int key = 0; key < KeyCount; ++key) {
+            if (RowKeyLetter(row) == KeyLetter(key)) {
+                keys[static_cast<std::size_t>(key)] = LeadingNumber(row);
+            }
+        }
+    }
+    return keys;
+}
+
 }  // namespace varno

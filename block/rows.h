@@ -5,13 +5,25 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace varno {
 
+inline constexpr int FirstTicketNumber = 200;
+inline constexpr int LastTicketNumber = 999;
+
+constexpr bool IsTicketNumber(int number) {
+    return number >= FirstTicketNumber && number <= LastTicketNumber;
+}
+
 inline constexpr int KeyCount = 4;
+inline constexpr int NoKey = -1;
 
 // The keys of the indicator, in the order of their key words. The first letter is the key letter.
 inline constexpr std::array<std::string_view, KeyCount> KeyNames = {"Print", "Start", "In", "Out"};
+
+// The ticket bound to each key, 0 for none.
+using KeyTickets = std::array<int, KeyCount>;
 
 constexpr char KeyLetter(int key) {
     return KeyNames[static_cast<std::size_t>(key)].front();
@@ -28,5 +40,12 @@ char RowKeyLetter(std::string_view row);
 // three digits: whatever stands behind the third character goes.
 std::string UnboundRow(std::string_view row);
 std::string BoundRow(std::string_view row, char keyLetter);
+
+// Binds the selected row to a key, which leaves the row that had it, or takes the selected row's
+// key away.
+void AssignKey(std::vector<std::string>& rows, std::size_t selected, int key, bool bind);
+
+// The keys as the letters of the rows say; a later row wins.
+KeyTickets KeysOf(const std::vector<std::string>& rows);
 
 }  // namespace varno

@@ -67,7 +67,7 @@ bool TicketBlock::LocateEndMarker() {
     return true;
 }
 
-std::vector<int> TicketBlock::ReadTickets() {
+std::vector<int> TicketBlock::Tickets() const {
     std::vector<int> tickets;
     const std::size_t endMarker = FindEndMarker(TicketBuffer);
     const std::size_t limit = endMarker > 0 ? endMarker : TicketBuffer.size() + 1;
@@ -77,10 +77,29 @@ std::vector<int> TicketBlock::ReadTickets() {
             tickets.push_back(ValueOf(word));
         }
     }
+    return tickets;
+}
+
+void TicketBlock::LoadKeys() {
+    const std::size_t endMarker = FindEndMarker(TicketBuffer);
     for (std::size_t key = 0; endMarker > 0 && key < KeyCount; ++key) {
         KeyTicket[key] = WordValueAt(TicketBuffer, KeyWordPosition(endMarker, key));
     }
-    return tickets;
+}
+
+PutResult TicketBlock::PutRecord(int ticketNumber, std::string_view record) {
+    if (!IsImage(TicketBuffer)) {
+        TicketBuffer = NewTicketBuffer();
+    }
+    if (!LocateEndMarker() || std::ssize(record) > BufferFree) {
+        return PutResult::TooBig;
+    }
+    RemoveTicketRecord(ticketNumber);
+    const std::size_t endMarker = FindEndMarker(TicketBuffer);
+    TicketBuffer =
+        SealTicketBuffer(std::string(record) + MemoryThroughKeyWords(TicketBuffer, endMarker));
+    BlockChanged = true;
+    return PutResult::Put;
 }
 
 void TicketBlock::RemoveTicketRecord(int ticketNumber) {
@@ -88,6 +107,7 @@ void TicketBlock::RemoveTicketRecord(int ticketNumber) {
     const std::size_t limit = endMarker > 0 ? endMarker : MemoryEnd(TicketBuffer);
     const Range record = FindRecord(TicketBuffer, ticketNumber, limit);
     LocateEndMarker();
+    BlockChanged = true;
     if (record.begin == 0) {
         return;
     }
@@ -104,13 +124,9 @@ void TicketBlock::RemoveTicketRecord(int ticketNumber) {
     TicketBuffer = SealTicketBuffer(std::move(memory));
 }
 
-void TicketBlock::PutRecordFirst(std::string_view record) {
-    const std::size_t endMarker = static_cast<std::size_t>(BufferUsed) + FirstWord;
-    TicketBuffer =
-        SealTicketBuffer(std::string(record) + MemoryThroughKeyWords(TicketBuffer, endMarker));
-}
-
-void TicketBlock::WriteKeyWords() {
+void TicketBlock::SetKeys(const KeyTickets& keys) {
+    KeyTicket = keys;
+    BlockChanged = true;
     const std::size_t endMarker = FindEndMarker(TicketBuffer);
     if (endMarker == 0) {
         return;
@@ -120,6 +136,15 @@ void TicketBlock::WriteKeyWords() {
         WriteKeyWord(memory, endMarker, key, KeyTicket[key]);
     }
     TicketBuffer = SealTicketBuffer(std::move(memory));
+}
+
+void TicketBlock::Bind(int ticketNumber, int key) {
+    KeyTickets keys = KeyTicket;
+    std::replace(keys.begin(), keys.end(), ticketNumber, 0);
+    if (key != NoKey) {
+        keys[static_cast<std::size_t>(key)] = ticketNumber;
+    }
+    SetKeys(keys);
 }
 
 }  // namespace varno

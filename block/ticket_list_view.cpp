@@ -10,13 +10,16 @@ namespace varno {
 
 TicketListView::TicketListView(const BlockControls& controls, Dialogs& dialogs,
                                const TicketBlock& block, bool& ticketChanged, Catalogues catalogues,
-                               DeleteCommand& deleteCommand)
+                               DeleteCommand& deleteCommand, std::function<void()> saveTicket,
+                               Announce announce)
     : controls_(controls),
       dialogs_(dialogs),
       block_(block),
       ticketChanged_(ticketChanged),
       catalogues_(std::move(catalogues)),
-      deleteCommand_(deleteCommand) {}
+      deleteCommand_(deleteCommand),
+      saveTicket_(std::move(saveTicket)),
+      announce_(std::move(announce)) {}
 
 void TicketListView::TicketList_Click() {
     const int selected = controls_.TicketList.ListIndex();
@@ -32,9 +35,7 @@ void TicketListView::TicketList_Click() {
         button.SetValue(RowKeyLetter(row) == KeyNames[key].front());
     }
     controls_.DeleteButton.SetToolTip("Delete ticket " + row + "  from ticket block.");
-    if (OnListSelected) {
-        OnListSelected();
-    }
+    announce_(CommandEvent::ListSelected);
 }
 
 void TicketListView::TicketList_GotFocus() {
@@ -53,7 +54,7 @@ void TicketListView::EditButton_Click() {
         return;
     }
     if (controls_.RichText.HasText() &&
-        !AskToSave(dialogs_, UnsavedTicket, Buttons::YesNoCancel, ticketChanged_, SaveTicket)) {
+        !AskToSave(dialogs_, UnsavedTicket, Buttons::YesNoCancel, ticketChanged_, saveTicket_)) {
         return;
     }
     if (list.ListIndex() < 0) {

@@ -7,6 +7,7 @@
 #include "block/delete.h"
 #include "block/ticket_block.h"
 #include "codec/decoder.h"
+#include "platform/announce.h"
 #include "platform/dialogs.h"
 
 namespace varno {
@@ -14,10 +15,8 @@ namespace varno {
 class TicketListView {
   public:
     TicketListView(const BlockControls& controls, Dialogs& dialogs, const TicketBlock& block,
-                   bool& ticketChanged, Catalogues catalogues, DeleteCommand& deleteCommand);
-
-    std::function<void()> OnListSelected;  // a row was selected, or the list came back to it
-    std::function<void()> SaveTicket;      // what Yes to the unsaved-ticket question runs
+                   bool& ticketChanged, Catalogues catalogues, DeleteCommand& deleteCommand,
+                   std::function<void()> saveTicket, Announce announce);
 
     void TicketList_Click();
     void TicketList_DblClick() { EditButton_Click(); }
@@ -34,6 +33,8 @@ class TicketListView {
     bool& ticketChanged_;
     Catalogues catalogues_;
     DeleteCommand& deleteCommand_;
+    std::function<void()> saveTicket_;  // what Yes to the unsaved-ticket question runs
+    Announce announce_;
     TicketDecoder decoder_;
 };
 

@@ -12,21 +12,28 @@ add_custom_target(installed)
 add_dependencies(installed VarnoTicketFormatter varno-indicator varno-tickets catalogues tutorial)
 
 # Every program looks for the catalogues in its own folder, the window for its tutorial too. So all
-# live in one folder, and what is called are links into it.
+# live in one folder, and what is called are links into it. The catalogues are the customer's to
+# change, so there they are links too: /etc keeps them through upgrades and removal.
 install(TARGETS VarnoTicketFormatter varno-indicator varno-tickets RUNTIME DESTINATION lib/${package})
-install(
-    FILES "${PROJECT_BINARY_DIR}/Varno Control Codes.txt" "${PROJECT_BINARY_DIR}/Varno Print Codes.txt"
-          "${PROJECT_BINARY_DIR}/Varno Ticket Formatter Tutorial.rtf"
-    DESTINATION lib/${package}
-)
-function(install_link name program)
-    file(CREATE_LINK ../lib/${package}/${program} ${made}/${name} SYMBOLIC)
-    install(FILES ${made}/${name} DESTINATION bin)
+install(FILES "${PROJECT_BINARY_DIR}/Varno Ticket Formatter Tutorial.rtf" DESTINATION lib/${package})
+function(install_link target folder name)
+    file(MAKE_DIRECTORY ${made}/${folder})
+    file(CREATE_LINK ${target} "${made}/${folder}/${name}" SYMBOLIC)
+    install(FILES "${made}/${folder}/${name}" DESTINATION ${folder})
 endfunction()
-file(MAKE_DIRECTORY ${made})
-install_link(${package} VarnoTicketFormatter)
-install_link(varno-indicator varno-indicator)
-install_link(varno-tickets varno-tickets)
+install_link(../lib/${package}/VarnoTicketFormatter bin ${package})
+install_link(../lib/${package}/varno-indicator bin varno-indicator)
+install_link(../lib/${package}/varno-tickets bin varno-tickets)
+file(WRITE ${made}/conffiles "")
+foreach(catalogue ${VARNO_CATALOGUES})
+    # "Varno Print Codes.txt" is print-codes.txt there: configuration files have no blanks.
+    string(REGEX REPLACE "^Varno " "" name ${catalogue})
+    string(TOLOWER ${name} name)
+    string(REPLACE " " "-" name ${name})
+    install(FILES "${PROJECT_BINARY_DIR}/${catalogue}" DESTINATION /etc/${package} RENAME ${name})
+    install_link(/etc/${package}/${name} lib/${package} ${catalogue})
+    file(APPEND ${made}/conffiles "/etc/${package}/${name}\n")
+endforeach()
 
 install(FILES ${texts}/${package}.desktop DESTINATION share/applications)
 install(FILES ${texts}/${package}.mime.xml DESTINATION share/mime/packages RENAME ${package}.xml)
@@ -96,5 +103,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-liberation | fonts-liberation2")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
+    ${made}/conffiles ${texts}/debian/preinst ${texts}/debian/postinst ${texts}/debian/postrm
+)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)

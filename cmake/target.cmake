@@ -11,6 +11,18 @@ if(VARNO_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+option(VARNO_FUZZ "Build the fuzz targets; needs Clang" OFF)
+if(VARNO_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# Of a source file for each system, such as files_posix.cpp and files_windows.cpp, the one to build.
+if(WIN32)
+    set(VARNO_SYSTEM windows)
+else()
+    set(VARNO_SYSTEM posix)
+endif()
+
 # varno_library(name sources... [LINKS targets...])
 function(varno_library name)
     cmake_parse_arguments(arg "" "" "LINKS" ${ARGN})

@@ -6,11 +6,10 @@
 #include <system_error>
 
 #include "codec/windows1252.h"
+#include "codec/word.h"
 
 namespace varno {
 namespace {
-
-constexpr std::size_t CodeDigits = 3;
 
 // Reads up to the next LF; a CR in front of it belongs to the line end.
 bool ReadLine(std::istream& file, std::string& line) {

@@ -57,7 +57,7 @@ class TicketWriter {
 
 void ShowCode(TicketWriter& ticket, TicketWriter::InsertProcedure insertMark, int number,
               const std::string& catalogue) {
-    const std::u16string code = Decimal(number, 3);
+    const std::u16string code = Decimal(number, CodeDigits);
     ticket.CodeLine(insertMark, code,
                     FindCodeComment(catalogue, std::string(code.begin(), code.end())));
 }

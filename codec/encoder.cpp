@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "codec/windows1252.h"
-#include "codec/word.h"
 
 namespace varno {
 namespace {
@@ -25,21 +24,18 @@ constexpr Mark Marks[] = {
 
 class Encoder {
   public:
-    explicit Encoder(const MarkedText& ticket) : ticket_(ticket) {
-        record_.reserve((ticket.Length() + 2) * WordDigits);
-    }
+    explicit Encoder(const MarkedText& ticket) : ticket_(ticket) {}
 
-    std::string Encode(int ticketNumber) {
-        Write(static_cast<Word>(TicketHeader + ticketNumber));
+    std::vector<PlacedWord> Encode() {
         while (next_ < ticket_.Length()) EncodeNext();
-        Write(TicketEnd);
-        return std::move(record_);
+        return std::move(body_);
     }
 
   private:
-    void Write(Word word) { record_ += WordHex(word); }
+    void Write(int word) { body_.push_back({static_cast<Word>(word), begin_}); }
 
     void EncodeNext() {
+        begin_ = next_;
         const char16_t character = ticket_.At(next_);
         const Colour colour = ticket_.FormatAt(next_).colour;
         ++next_;
@@ -70,7 +66,7 @@ class Encoder {
         int number = 0;  // stays at MaxWordValue + 1 once it is too large for a word
         for (std::size_t digits = 0; digits < mark.maxDigits && IsDigitOf(mark); ++digits)
             number = std::min(number * 10 + (ticket_.At(next_++) - u'0'), MaxWordValue + 1);
-        if (number <= MaxWordValue) Write(static_cast<Word>(mark.base + number));
+        if (number <= MaxWordValue) Write(mark.base + number);
     }
 
     bool IsDigitOf(const Mark& mark) const {
@@ -80,13 +76,23 @@ class Encoder {
 
     const MarkedText& ticket_;
     std::size_t next_ = 0;
-    std::string record_;
+    std::size_t begin_ = 0;  // of the character or mark being encoded
+    std::vector<PlacedWord> body_;
 };
 
 }  // namespace
 
+std::vector<PlacedWord> EncodeBody(const MarkedText& ticket) {
+    return Encoder(ticket).Encode();
+}
+
 std::string EncodeTicket(const MarkedText& ticket, int ticketNumber) {
-    return Encoder(ticket).Encode(ticketNumber);
+    const std::vector<PlacedWord> body = EncodeBody(ticket);
+    std::string record;
+    record.reserve((body.size() + 2) * WordDigits);
+    record += WordHex(static_cast<Word>(TicketHeader + ticketNumber));
+    for (const PlacedWord& placed : body) record += WordHex(placed.word);
+    return record + WordHex(TicketEnd);
 }
 
 }  // namespace varno

@@ -31,8 +31,9 @@ class MarkedEditor {
     // the text. An empty text inserts nothing and leaves a selection as it is.
     virtual void SetSelText(std::u16string_view text) = 0;
 
-    // The typing format: what the next character typed or inserted takes. Placing the caret takes
-    // it from the character before the caret. Setting it leaves a selection with its own colours.
+    // The typing format: what the next character typed or inserted takes. It is the format of the
+    // character before the caret, or of a selection's last one, unless it was set since the text,
+    // the caret or the selection last changed. Setting it leaves a selection with its own colours.
     virtual CharFormat TypingFormat() const = 0;
     virtual void SetTypingFormat(const CharFormat& format) = 0;
 

@@ -25,20 +25,22 @@ void MemoryEditor::Select(int start, int length) {
     const int end = static_cast<int>(content_.Length());
     start_ = std::clamp(start, 0, end);
     length_ = std::clamp(length, 0, end - start_);
-    typing_ = FormatBefore(start_ + (length_ > 0 ? 1 : 0));
+    typing_.reset();
 }
 
 void MemoryEditor::SetSelText(std::u16string_view text) {
     if (text.empty()) return;
+    const CharFormat format = TypingFormat();
     const auto start = static_cast<std::size_t>(start_);
     content_.Erase(start, static_cast<std::size_t>(length_));
-    content_.Insert(start, text, typing_);
+    content_.Insert(start, text, format);
     start_ += static_cast<int>(text.size());
     length_ = 0;
+    typing_.reset();
 }
 
 Colour MemoryEditor::SelColor() const {
-    return length_ > 0 ? FormatBefore(start_ + length_).colour : typing_.colour;
+    return length_ > 0 ? FormatBefore(start_ + length_).colour : TypingFormat().colour;
 }
 
 CharFormat MemoryEditor::FormatBefore(int position) const {

@@ -2,6 +2,8 @@
 // command line use in place of a window.
 #pragma once
 
+#include <optional>
+
 #include "codec/marked_editor.h"
 
 namespace varno {
@@ -19,7 +21,9 @@ class MemoryEditor final : public MarkedEditor {
     void SetSelStart(int position) override;
     int SelLength() const override { return length_; }
     void SetSelText(std::u16string_view text) override;
-    CharFormat TypingFormat() const override { return typing_; }
+    CharFormat TypingFormat() const override {
+        return typing_.value_or(FormatBefore(start_ + length_));
+    }
     void SetTypingFormat(const CharFormat& format) override { typing_ = format; }
     Colour SelColor() const override;
 
@@ -32,7 +36,7 @@ class MemoryEditor final : public MarkedEditor {
     MarkedText content_;
     int start_ = 0;
     int length_ = 0;
-    CharFormat typing_;
+    std::optional<CharFormat> typing_;  // set since the caret was placed or the text changed
 };
 
 }  // namespace varno

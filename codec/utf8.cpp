@@ -7,11 +7,12 @@ namespace {
 
 constexpr char32_t Replacement = 0xFFFD;
 
+// The halves of a surrogate pair. Code points above U+FFFF are none, whatever their low bits.
 bool IsHigh(char32_t unit) {
-    return (unit & 0xFC00) == 0xD800;
+    return unit >= 0xD800 && unit <= 0xDBFF;
 }
 bool IsLow(char32_t unit) {
-    return (unit & 0xFC00) == 0xDC00;
+    return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
 // The code point that begins at `next`, which moves behind it.

@@ -39,6 +39,11 @@ std::u16string FromWindows1252(std::string_view bytes) {
     return text;
 }
 
+bool IsPrinted(unsigned char code) {
+    const char16_t character = FromWindows1252(code);
+    return character >= u' ' && (character < 0x7F || character > 0x9F);
+}
+
 char16_t UpperCase(char16_t character) {
     if (character >= u'a' && character <= u'z') return character - 0x20;
     if (character >= 0xE0 && character <= 0xFE && character != 0xF7) return character - 0x20;

@@ -13,6 +13,9 @@ char16_t FromWindows1252(unsigned char code);
 
 std::u16string FromWindows1252(std::string_view bytes);
 
+// False for control characters and for the five codes that the set leaves undefined.
+bool IsPrinted(unsigned char code);
+
 // Upper case of the set's letters; every other character (also a letter whose capital the set
 // lacks) stays.
 char16_t UpperCase(char16_t character);

@@ -1,6 +1,7 @@
 // A word of the ticket memory: 16 bits, written as four hexadecimal digits, most significant first.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@ enum WordClass : int {
 
 inline constexpr int WordDigits = 4;
 inline constexpr int MaxWordValue = 2047;
+inline constexpr std::size_t CodeDigits = 3;  // of a code number as text, at least
 
 inline constexpr Word TicketHeader = 0x0800;  // plus the ticket number
 inline constexpr Word TicketEnd = 0x1000;

@@ -5,6 +5,7 @@
 
 #include "codec/catalogue.h"
 #include "codec/utf8.h"
+#include "codec/word.h"
 
 namespace varno {
 namespace {
@@ -73,8 +74,6 @@ constexpr WindowDesign PrintCodesDesign{.name = "PrintCodesList",
                                         .maximizeButton = false,
                                         .controls = PrintCodesControls};
 
-constexpr std::size_t CodeDigits = 3;
-
 // The row whose code or comment is exactly `text`; the first one counts.
 std::optional<std::size_t> Match(const std::vector<std::string>& column, const std::string& text) {
     const auto found = std::find(column.begin(), column.end(), text);
@@ -101,6 +100,7 @@ CodePicker::CodePicker(Platform& platform, const WindowDesign& design,
       okButton_(Get<Button>("OkButton")) {
     LoadCatalogue(platform.Ask(), cataloguePath);
     ConnectEvents();
+    KeepRowsSideBySide();
 }
 
 void CodePicker::LoadCatalogue(Dialogs& dialogs, const std::string& path) {
@@ -129,6 +129,20 @@ void CodePicker::ConnectEvents() {
     sortAlphabetically_.OnClick = [this] { SortAlphabetically_Click(); };
     okButton_.OnClick = [this] { OkButton_Click(); };
     Get<Button>("CancelButton").OnClick = [this] { Leave({}); };
+}
+
+// The two lists in file order scroll as one, if the codes stand in file order when they are sorted.
+// Where they do not, each list only shows its entry of the row that is chosen.
+void CodePicker::KeepRowsSideBySide() {
+    for (int row = 0; row < codeComboBox_.ListCount(); ++row) {
+        if (codeComboBox_.List(row) != rows_.codes[static_cast<std::size_t>(row)]) return;
+    }
+    codeComboBox_.OnScroll = [this] {
+        unsortedCommentComboBox_.SetTopIndex(codeComboBox_.TopIndex());
+    };
+    unsortedCommentComboBox_.OnScroll = [this] {
+        codeComboBox_.SetTopIndex(unsortedCommentComboBox_.TopIndex());
+    };
 }
 
 void CodePicker::Form_Activate() {

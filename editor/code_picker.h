@@ -31,6 +31,7 @@ class CodePicker final : public PickerForm {
 
     void LoadCatalogue(Dialogs& dialogs, const std::string& path);
     void ConnectEvents();
+    void KeepRowsSideBySide();
     void Form_Activate() override;
     void CodeComboBox_Change();
     void MatchCode();

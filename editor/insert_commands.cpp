@@ -3,13 +3,12 @@
 #include <memory>
 
 #include "codec/insert.h"
+#include "codec/word.h"
 #include "editor/ascii_picker.h"
 #include "editor/code_picker.h"
 
 namespace varno {
 namespace {
-
-constexpr std::size_t CodeDigits = 3;
 
 int ValueOfDigits(std::u16string_view digits) {
     int value = 0;

@@ -73,10 +73,10 @@ void AnswerPlainKey(const CaretPlace& caret, int keyCode, int shift, KeyAnswer& 
     if (IsDigit(keyCode) || MovesOrInserts(keyCode)) return;
     switch (keyCode) {
         case KeyDelete:
-            if (caret.beforeMarker) answer.fate = KeyFate::PassTwice;
+            if (caret.beforeMarker) answer.fate = KeyFate::PassAndRepeat;
             break;
         case KeyBackspace:
-            if (caret.behindLineEnd) answer.fate = KeyFate::PassTwice;
+            if (caret.behindLineEnd) answer.fate = KeyFate::PassAndRepeat;
             break;
         case KeySpace:
             AnswerSpace(inComment, shift, answer);

@@ -1,17 +1,24 @@
 #include "editor/ticket_editor.h"
 
+#include <utility>
+
 #include "codec/insert.h"
 #include "editor/caret.h"
 
 namespace varno {
 
 TicketEditor::TicketEditor(RichTextBox& richText, bool& ticketChanged,
-                           InsertCommands& insertCommands)
-    : richText_(richText), ticketChanged_(ticketChanged), insertCommands_(insertCommands) {}
+                           InsertCommands& insertCommands, std::function<void()> put,
+                           Announce announce)
+    : richText_(richText),
+      ticketChanged_(ticketChanged),
+      insertCommands_(insertCommands),
+      put_(std::move(put)),
+      announce_(std::move(announce)) {}
 
 void TicketEditor::RichText_Change() {
     ticketChanged_ = true;
-    if (OnChanged) OnChanged();
+    announce_(CommandEvent::EditorChanged);
 }
 
 void TicketEditor::RichText_Click() {
@@ -19,7 +26,7 @@ void TicketEditor::RichText_Click() {
 }
 
 void TicketEditor::RichText_DblClick() {
-    if (richText_.HasText() && OnPutRequested) OnPutRequested();
+    if (richText_.HasText()) put_();
 }
 
 KeyFate TicketEditor::RichText_KeyDown(int keyCode, int shift) {
@@ -37,7 +44,7 @@ void TicketEditor::RichText_KeyUp() {
 }
 
 void TicketEditor::RichText_GotFocus() {
-    if (OnFocused) OnFocused();
+    announce_(CommandEvent::EditorFocused);
 }
 
 void TicketEditor::Run(InsertCommand command) {

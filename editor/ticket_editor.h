@@ -5,14 +5,17 @@
 
 #include "editor/insert_commands.h"
 #include "editor/key_rules.h"
+#include "platform/announce.h"
 #include "platform/rich_text.h"
 
 namespace varno {
 
 class TicketEditor {
   public:
-    // `ticketChanged` becomes true at every change of the text; others clear it.
-    TicketEditor(RichTextBox& richText, bool& ticketChanged, InsertCommands& insertCommands);
+    // `ticketChanged` becomes true at every change of the text; others clear it. `put` takes the
+    // ticket into the block.
+    TicketEditor(RichTextBox& richText, bool& ticketChanged, InsertCommands& insertCommands,
+                 std::function<void()> put, Announce announce);
 
     void RichText_Change();
     void RichText_Click();
@@ -21,16 +24,14 @@ class TicketEditor {
     void RichText_KeyUp();
     void RichText_GotFocus();
 
-    std::function<void()> OnChanged;
-    std::function<void()> OnFocused;
-    std::function<void()> OnPutRequested;  // the ticket in the editor is to go into the block
-
   private:
     void Run(InsertCommand command);
 
     RichTextBox& richText_;
     bool& ticketChanged_;
     InsertCommands& insertCommands_;
+    std::function<void()> put_;
+    Announce announce_;
     int digitRun_ = 0;  // digit keys typed in a row
 };
 

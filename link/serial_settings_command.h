@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/dialogs.h"
-#include "platform/serial_control.h"
+#include "platform/serial/serial_control.h"
 
 namespace varno {
 

@@ -40,8 +40,8 @@ void Terminal::Load() {
 
 void Terminal::Form_Activate() {
     platform_.DoEvents();
-    if (closed_) {
-        return;
+    if (!window_->IsShown()) {
+        return;  // left meanwhile
     }
     msComm1_.ClosePort();
     Error error = terminalComm_->SetCommPort(msComm1_.CommPort());

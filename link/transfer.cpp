@@ -11,9 +11,7 @@ constexpr int HiddenMilliseconds = 500;
 
 void Transfer::EndTransfer() {
     message_.SetCaption("");
-    if (OnTransferEnded) {
-        OnTransferEnded();
-    }
+    announce_(CommandEvent::TransferEnded);
     msComm1_.ClosePort();
 }
 
@@ -30,14 +28,15 @@ void Transfer::Timer1_Timer() {
 }
 
 void Transfer::Stop() {
-    ++current_;
+    session_.End();
     EndTransfer();
 }
 
-Error Transfer::OpenPort() {
+Error Transfer::OpenPort(PortSession& session) {
     Error error = msComm1_.OpenPort();
     if (!error) {
-        ++current_;
+        session_.End();
+        session = session_ = PortSession(msComm1_);
     }
     return error;
 }

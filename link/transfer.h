@@ -1,22 +1,19 @@
 // What upload and download share: the end of a transfer, Abort, and the blinking prompt.
 #pragma once
 
-#include <functional>
-
+#include "link/port_session.h"
+#include "platform/announce.h"
 #include "platform/controls.h"
-#include "platform/serial_control.h"
 
 namespace varno {
 
 class Transfer {
   public:
-    Transfer(SerialControl& msComm1, Label& message, Timer& timer1)
-        : msComm1_(msComm1), message_(message), timer1_(timer1) {}
+    Transfer(SerialControl& msComm1, Label& message, Timer& timer1, Announce announce)
+        : msComm1_(msComm1), message_(message), timer1_(timer1), announce_(std::move(announce)) {}
 
-    // The commands of the idle state hold again. The port is still open, if it was.
-    std::function<void()> OnTransferEnded;
-
-    void EndTransfer();  // safe at any time
+    // Safe at any time. Announced while the port is still open, if it was.
+    void EndTransfer();
     void Abort_Click() { EndTransfer(); }
     void Form_KeyPress(char32_t character);
     void Timer1_Timer();
@@ -25,16 +22,16 @@ class Transfer {
     // nothing more.
     void Stop();
 
-    // Each transfer that opened the port has a number of its own. While events run another one may
-    // open the port in its place; the older one finds that its number is no longer Current().
-    [[nodiscard]] Error OpenPort();
-    int Current() const { return current_; }
+    // Starts `session`. While events run another transfer may open the port in its place; the older
+    // one then finds that its session has ended.
+    [[nodiscard]] Error OpenPort(PortSession& session);
 
   private:
     SerialControl& msComm1_;
     Label& message_;
     Timer& timer1_;
-    int current_ = 0;  // 0: none yet
+    Announce announce_;
+    PortSession session_;  // the last one that was started
 };
 
 }  // namespace varno

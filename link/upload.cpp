@@ -1,7 +1,6 @@
 #include "link/upload.h"
 
 #include "block/parse.h"
-#include "link/progress.h"
 
 namespace varno {
 
@@ -17,17 +16,14 @@ void Upload::Retrieve_Click() {
                              Icon::Critical) == Answer::Cancel) {
         return;
     }
-    if (const Error error = transfer_.OpenPort()) {
+    if (const Error error = transfer_.OpenPort(session_)) {
         dialogs_.ShowMessage(*error, "Error", Buttons::Ok, Icon::Critical);
         return;
     }
-    number_ = transfer_.Current();
-    imageBegun_ = false;
+    incoming_ = {};
     controls_.Message.SetCaption(Prompt);
     controls_.Timer1.SetEnabled(true);
-    if (OnUploadStarted) {
-        OnUploadStarted();
-    }
+    announce_(CommandEvent::UploadStarted);
 }
 
 void Upload::UploadButton_Click() {
@@ -36,37 +32,25 @@ void Upload::UploadButton_Click() {
 }
 
 void Upload::MSComm1_OnComm() {
-    std::string chunk = controls_.MSComm1.Input();
-    if (chunk.empty() || transfer_.Current() != number_) {
+    const std::string chunk = controls_.MSComm1.Input();
+    if (chunk.empty() || !session_.IsCurrent()) {
         return;
     }
-    if (const std::size_t colon = chunk.find(':'); colon != std::string::npos) {
-        chunk.erase(0, colon);
+    const IncomingBlock::Step step = incoming_.Take(chunk, block_.TicketBuffer);
+    if (step.begins) {
         BeginImage();
     }
     controls_.Timer1.SetEnabled(false);
     controls_.Message.SetVisible(true);
-    std::string& image = block_.TicketBuffer;
-    controls_.Message.SetCaption(ReceivingText(ProgressPercent(image.size())));
-
-    const std::size_t collected = image.size() + chunk.size();
-    if (image.size() < ImageLength) {
-        image += chunk;
-    }
-    // Any character behind the image says that it is complete. It may come in the chunk that ends
-    // the image, and nothing more may come after it.
-    if (imageBegun_ && collected > ImageLength) {
+    controls_.Message.SetCaption(ReceivingText(step.percent));
+    if (step.complete) {
         Complete();
     }
 }
 
 void Upload::BeginImage() {
-    imageBegun_ = true;
     controls_.TicketList.Clear();
-    if (OnImageBegins) {
-        OnImageBegins();
-    }
-    block_.TicketBuffer.clear();
+    announce_(CommandEvent::ImageBegins);
     controls_.RichText.SetContent({});
 }
 
@@ -74,9 +58,7 @@ void Upload::Complete() {
     transfer_.EndTransfer();
     ParseTicketBuffer(block_, controls_.TicketList, controls_.Message);
     block_.TicketBuffer.resize(ImageLength);
-    if (OnUploadEnded) {
-        OnUploadEnded();
-    }
+    announce_(CommandEvent::UploadEnded);
 }
 
 }  // namespace varno

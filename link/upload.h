@@ -1,9 +1,8 @@
 // The upload: the indicator sends its ticket buffer image, the program collects it.
 #pragma once
 
-#include <functional>
-
 #include "block/ticket_block.h"
+#include "link/block_transfer.h"
 #include "link/transfer.h"
 #include "platform/dialogs.h"
 #include "platform/rich_text.h"
@@ -20,12 +19,13 @@ struct UploadControls {
 
 class Upload {
   public:
-    Upload(const UploadControls& controls, Dialogs& dialogs, TicketBlock& block, Transfer& transfer)
-        : controls_(controls), dialogs_(dialogs), block_(block), transfer_(transfer) {}
-
-    std::function<void()> OnUploadStarted;  // the port is open, the indicator may send
-    std::function<void()> OnImageBegins;    // the list has been emptied, the editor will be
-    std::function<void()> OnUploadEnded;    // the image is complete, the list shows it
+    Upload(const UploadControls& controls, Dialogs& dialogs, TicketBlock& block, Transfer& transfer,
+           Announce announce)
+        : controls_(controls),
+          dialogs_(dialogs),
+          block_(block),
+          transfer_(transfer),
+          announce_(std::move(announce)) {}
 
     void Retrieve_Click();
     void UploadButton_Click();
@@ -41,8 +41,9 @@ class Upload {
     Dialogs& dialogs_;
     TicketBlock& block_;
     Transfer& transfer_;
-    int number_ = -1;          // of this upload among all transfers; -1: none yet
-    bool imageBegun_ = false;  // the ":" of this upload has arrived
+    Announce announce_;
+    PortSession session_;
+    IncomingBlock incoming_;
 };
 
 }  // namespace varno

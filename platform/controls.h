@@ -110,7 +110,6 @@ class TextBox : public Control {
 // Many lines of plain text, one character a byte of Windows-1252.
 class TextArea : public Control {
   public:
-    virtual std::string Text() const = 0;
     virtual void Clear() = 0;
     // Adds to the end, puts the caret there, and drops the oldest text beyond about 1 MB.
     virtual void Append(std::string_view bytes) = 0;
@@ -137,7 +136,8 @@ class ListBox : public Control {
     std::function<void(int keyCode)> OnKeyUp;
 };
 
-// An edit field over a list that is always open.
+// An edit field over a list that is always open. Getting the focus from the program selects the
+// text, so that typing replaces it.
 class SimpleCombo : public Control {
   public:
     virtual std::string Text() const = 0;
@@ -146,10 +146,13 @@ class SimpleCombo : public Control {
     virtual void AddItems(std::span<const std::string> items) = 0;
     virtual int ListCount() const = 0;
     virtual std::string List(int index) const = 0;
+    virtual int TopIndex() const = 0;         // the uppermost entry in sight
+    virtual void SetTopIndex(int index) = 0;  // raises OnScroll if it differs
 
     std::function<void()> OnChange;
     std::function<void()> OnClick;  // an entry was clicked or chosen by key; Text() is the entry
     std::function<void()> OnDblClick;
+    std::function<void()> OnScroll;
 };
 
 class Timer : public Component {

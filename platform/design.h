@@ -37,7 +37,7 @@ enum class ControlKind {
 enum class Alignment { Left, Centre, Right };
 
 enum class FontFace {
-    Interface,   // the desktop's own
+    Interface,   // a small sans serif, of boxes and menus too
     FixedWidth,  // Courier, 9.75 points
     List,        // a sans serif of 9.75 points
 };
@@ -62,7 +62,7 @@ struct ControlDesign {
     bool sorted = false;         // ListBox, SimpleCombo: entries in alphabetical order
     int maxLength = 0;           // TextBox: characters it takes; 0 means any number
     int interval = 0;            // Timer: milliseconds
-    bool growsToFit = false;     // Label: widens for a long caption; its aligned edge stays
+    int growsTo = 0;             // Label: widens so far for a long caption; its aligned edge stays
     bool isDefault = false;      // Button: pressed by Enter
     bool isCancel = false;       // Button: pressed by Esc
     // SimpleCombo: the access names of its two halves; accessibleName names the edit field.

@@ -12,9 +12,9 @@ enum class Answer { Ok, Cancel, Yes, No };
 
 struct FileDialog {
     std::string initDir;     // empty: the dialog's choice
-    std::string fileName;    // offered name, or a pattern such as "*.VRT"
+    std::string fileName;    // offered name, or the pattern of the filter
     std::string defaultExt;  // added to a name typed without one
-    std::string filter;      // "description|pattern"
+    std::string filter;      // "description|pattern"; the description is shown
 };
 
 struct ChosenFile {
@@ -26,14 +26,17 @@ class Dialogs {
   public:
     virtual ~Dialogs() = default;
 
-    // Closing the box by Esc or its close box answers Cancel, or No where there is no Cancel, or
-    // Ok where there is only that.
+    // Enter presses the first button unless another has the focus. Esc and the close box answer
+    // Cancel, or Ok where that is the only button; without a Cancel they do nothing, so that nobody
+    // says No by closing a question. Without a title the title bar is empty.
     virtual Answer ShowMessage(const std::string& text, const std::string& title, Buttons buttons,
                                Icon icon) = 0;
     // The edited text; empty when cancelled.
     virtual std::string InputBox(const std::string& prompt, const std::string& title,
                                  const std::string& defaultText) = 0;
-    // Nothing when cancelled. The save dialog does not ask about an existing file: its caller does.
+    // Nothing when cancelled. Whatever name is typed is the file meant, quotation marks included.
+    // The open dialog takes only a file that exists; the save dialog does not ask about one that
+    // does: its caller does.
     virtual std::optional<ChosenFile> ShowOpen(const FileDialog& dialog) = 0;
     virtual std::optional<ChosenFile> ShowSave(const FileDialog& dialog) = 0;
 };

@@ -1,6 +1,7 @@
 // Whole files, read and written. Paths and texts are UTF-8; contents are bytes.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -8,12 +9,49 @@
 
 namespace varno {
 
-// Reads the whole file into `bytes`; on failure `bytes` is left as it is.
-[[nodiscard]] Error ReadFile(const std::string& path, std::string& bytes);
+// Reads the whole file into `bytes`, or of a longer one the first `most` bytes; on failure `bytes`
+// is left as it is. Links are followed. Folders, and pipes and devices, which may never end, are
+// refused.
+[[nodiscard]] Error ReadFile(const std::string& path, std::string& bytes,
+                             std::size_t most = std::string::npos);
 
-// Writes through a temporary file in the same folder, flushed to disk and renamed over the old one:
-// a reader finds the old file or the new one, never a part. A failure leaves the old file whole.
+// Makes the file hold `bytes` and flushes it to disk. What that means depends on where `path`
+// leads:
+//
+//   nothing               a new file, with the rights that the user's mask and the folder give
+//   an ordinary file      replaced as a whole: whoever reads or restarts finds the old file or the
+//                         new one, never a part. Rights, owner, group and extended attributes
+//                         (access control lists among them) stay.
+//   one that a rename     overwritten in place: a file with several names, of an owner or with
+//     would change        attributes that we cannot give, in a folder closed to us, or mounted. A
+//                         copy is kept meanwhile and put back on failure.
+//   a write-protected     refused; so is a file that has no write right at all, whoever we are
+//     file, a folder
+//   a device, a pipe      written straight, never replaced; a pipe needs its reader
+//
+// Links are followed and stay, one that leads nowhere as well: the new file comes where it leads.
+// A failure leaves the old content whole, or says where its copy is. Whatever a killed program left
+// behind in the folder goes when the file is saved the next time.
 [[nodiscard]] Error WriteFile(const std::string& path, std::string_view bytes);
+
+// A file that grows beyond its limit, or a pipe whose reader has gone, is an error like others from
+// now on and does not end the program. Each program calls this at its start.
+void SurviveFailedWrites();
+
+// Held while a file is read, changed and written: of several programs that do so at once, each sees
+// what the one before it has written. Where the system has no locks, nothing is held.
+class FileLock {
+  public:
+    FileLock();
+    ~FileLock();
+
+    // Waits for its turn, 10 seconds at most. A file that does not exist yet can be locked too.
+    [[nodiscard]] Error Take(const std::string& path);
+
+  private:
+    struct Held;
+    std::unique_ptr<Held> held_;
+};
 
 bool FileExists(const std::string& path);
 

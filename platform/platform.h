@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/dialogs.h"
-#include "platform/serial_control.h"
+#include "platform/serial/serial_control.h"
 #include "platform/settings_store.h"
 #include "platform/window.h"
 

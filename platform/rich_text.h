@@ -12,9 +12,10 @@ namespace varno {
 
 // What becomes of a key once the program has looked at it.
 enum class KeyFate {
-    Pass,       // the control handles it
-    Drop,       // nothing more happens
-    PassTwice,  // the control handles it twice, as one step of undo
+    Pass,           // the control handles it
+    Drop,           // nothing more happens
+    PassAndRepeat,  // the control handles it, then it comes again without Shift and Ctrl; the two,
+                    // or as many as it becomes, are one step of undo
 };
 
 class RichTextBox : public Control, public MarkedEditor {
@@ -23,6 +24,9 @@ class RichTextBox : public Control, public MarkedEditor {
     virtual void AsOneStep(const std::function<void()>& change) = 0;
 
     std::function<void()> OnChange;  // the text changed, whoever changed it
+    // A change that would have made the text longer than an editor takes was left out; `why` is for
+    // the operator.
+    std::function<void(const std::string& why)> OnRefused;
     std::function<void()> OnClick;
     std::function<void()> OnDblClick;
     std::function<KeyFate(int keyCode, int shift)> OnKeyDown;

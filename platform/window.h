@@ -41,6 +41,7 @@ class Window {
     virtual WindowState State() const = 0;
     virtual void SetState(WindowState state) = 0;
 
+    virtual bool IsShown() const = 0;
     virtual void Show() = 0;
     // Blocks the program's other windows; returns once the window is hidden or closed.
     virtual void ShowModal() = 0;

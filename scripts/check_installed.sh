@@ -29,5 +29,9 @@ xdotool key Escape
 sleep 0.5
 xdotool key alt+h t
 await '^Tutorial$'
-"$prefix/bin/varno-tickets" show "$prefix/share/doc/varno-ticket-formatter/examples/Plant.VRB" 212 |
-    grep --quiet 'GROSS WEIGHT' || { echo "varno-tickets finds no catalogue." >&2; exit 1; }
+finds() {
+    "$prefix/bin/varno-tickets" "$1" "$prefix/share/doc/varno-ticket-formatter/examples/Plant.VRB" 212 |
+        grep --quiet "$2" || { echo "varno-tickets finds no $3." >&2; exit 1; }
+}
+finds show 'GROSS WEIGHT' catalogue
+finds print '12480 kg' 'code effects'

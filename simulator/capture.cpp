@@ -36,7 +36,7 @@ void Capture::Start() {
     collected_.clear();
 }
 
-void Capture::Silence() {
+void Capture::End() {
     if (state_ == State::Collecting) {
         Finish("only " + std::to_string(collected_.size()) + " of " + std::to_string(ImageLength) +
                " characters came");

@@ -10,8 +10,8 @@ namespace varno {
 class Capture {
   public:
     void Start();
-    // Nothing has come for a while: an image that has begun is incomplete.
-    void Silence();
+    // Nothing more comes: an image that has begun is incomplete.
+    void End();
 
     // Takes what belongs to a capture and returns how many characters that was.
     std::size_t Take(std::string_view characters);

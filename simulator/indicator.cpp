@@ -2,8 +2,13 @@
 
 #include <utility>
 
+#include "block/block_content.h"
 #include "block/rows.h"
-#include "simulator/print.h"
+#include "codec/code_name.h"
+#include "codec/utf8.h"
+#include "paper/effects_text.h"
+#include "paper/layout.h"
+#include "paper/text.h"
 
 namespace varno {
 
@@ -28,15 +33,14 @@ std::string Readable(std::string_view characters) {
 
 }  // namespace
 
-Indicator::Indicator(std::string image, Catalogues catalogues)
-    : catalogues_(std::move(catalogues)) {
+Indicator::Indicator(std::string image, Effects effects) : effects_(std::move(effects)) {
     block_.TicketBuffer = std::move(image);
-    block_.ReadTickets();
+    block_.LoadKeys();
 }
 
 void Indicator::Transmit() {
     transmission_ += block_.TicketBuffer + "\r\n";
-    Say("transmitting " + Count(block_.ReadTickets().size(), "ticket"));
+    Say("transmitting " + Count(block_.Tickets().size(), "ticket"));
 }
 
 void Indicator::StartCapture() {
@@ -51,13 +55,21 @@ void Indicator::PrintKey(int key) {
         Say("no ticket is bound to " + name);
         return;
     }
+    const BlockContent content = ContentOf(block_.TicketBuffer);
+    const TicketRecord* const record = content.Find(ticket);
+    if (record == nullptr) {
+        Say("there is no ticket " + std::to_string(ticket));
+        return;
+    }
     Say("-- " + name + ": ticket " + std::to_string(ticket) + " --");
-    Say(PrintedTicket(block_.TicketBuffer, ticket, catalogues_));
+    const std::string paper = PaperText(LayOut(record->body, effects_));
+    Say(paper);
     Say("--");
+    paper_ += paper;
 }
 
 void Indicator::List() {
-    const std::vector<int> tickets = block_.ReadTickets();
+    const std::vector<int> tickets = block_.Tickets();
     for (const int ticket : tickets) {
         std::string keys;
         for (std::size_t key = 0; key < KeyCount; ++key) {
@@ -68,6 +80,18 @@ void Indicator::List() {
         Say(std::to_string(ticket) + keys);
     }
     Say(Count(tickets.size(), "ticket"));
+}
+
+void Indicator::ListValues() {
+    for (const auto& [word, value] : effects_.values) {
+        Say(CodeName(word) + "=" + ToUtf8(value.text));
+    }
+    Say(Count(effects_.values.size(), "print code"));
+}
+
+void Indicator::ChangeValue(std::string_view assignment) {
+    const std::string fault = SetValue(assignment, effects_);
+    Say(fault.empty() ? "changed" : fault);
 }
 
 void Indicator::SendNoise() {
@@ -91,9 +115,12 @@ void Indicator::Receive(std::string_view characters) {
     heard_ += characters.substr(taken);
 }
 
-void Indicator::Silence() {
-    capture_.Silence();
+void Indicator::EndCapture() {
+    capture_.End();
     ReportCapture();
+}
+
+void Indicator::ShowHeard() {
     if (!heard_.empty()) {
         const bool all = heard_.size() <= HeardShown;
         Say("received " + Count(heard_.size(), "character") + ": " +
@@ -105,7 +132,8 @@ void Indicator::Silence() {
 void Indicator::ReportCapture() {
     if (std::string image = capture_.TakeImage(); !image.empty()) {
         block_.TicketBuffer = std::move(image);
-        Say("captured, " + Count(block_.ReadTickets().size(), "ticket"));
+        block_.LoadKeys();
+        Say("captured, " + Count(block_.Tickets().size(), "ticket"));
     }
     if (const std::string fault = capture_.TakeFault(); !fault.empty()) {
         Say("capturing failed: " + fault);
@@ -118,6 +146,10 @@ std::string Indicator::TakeTransmission() {
 
 std::string Indicator::TakeScreen() {
     return std::exchange(screen_, {});
+}
+
+std::string Indicator::TakePaper() {
+    return std::exchange(paper_, {});
 }
 
 }  // namespace varno

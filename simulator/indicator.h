@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "block/ticket_block.h"
-#include "codec/decoder.h"
+#include "paper/effects.h"
 #include "simulator/capture.h"
 
 namespace varno {
@@ -16,22 +16,28 @@ inline constexpr int NoiseLength = 40;
 
 class Indicator {
   public:
-    // `image` is a well-formed ticket buffer image.
-    Indicator(std::string image, Catalogues catalogues);
+    // `image` is a well-formed ticket buffer image; `effects` are those of its printer.
+    Indicator(std::string image, Effects effects);
 
     void Transmit();         // parameter 77: the ticket buffer, then CR LF
     void StartCapture();     // parameter 78
-    void PrintKey(int key);  // the ticket bound to it
+    void PrintKey(int key);  // the ticket bound to it, onto screen and paper
     void List();
-    void SendNoise();                 // characters that mean nothing
-    void Say(std::string_view line);  // a line onto the screen
+    void ListValues();                              // of the print codes
+    void ChangeValue(std::string_view assignment);  // such as P012=9999
+    void SendNoise();                               // characters that mean nothing
+    void Say(std::string_view line);                // a line onto the screen
 
     void Receive(std::string_view characters);
-    void Silence();  // nothing has come for a while
+    // Nothing has come for a while, short or long.
+    void ShowHeard();
+    void EndCapture();
 
-    // What goes out since the last call: onto the line, and as lines of UTF-8 onto the screen.
+    // What goes out since the last call: onto the line, and as lines of UTF-8 onto the screen and
+    // onto the paper.
     std::string TakeTransmission();
     std::string TakeScreen();
+    std::string TakePaper();
 
     const std::string& Memory() const { return block_.TicketBuffer; }
 
@@ -39,11 +45,12 @@ class Indicator {
     void ReportCapture();
 
     TicketBlock block_;
-    Catalogues catalogues_;
+    Effects effects_;
     Capture capture_;
-    std::string heard_;  // outside a capture, to be shown at the next silence
+    std::string heard_;  // outside a capture, to be shown when the line is quiet
     std::string transmission_;
     std::string screen_;
+    std::string paper_;
     unsigned noise_ = 1;
 };
 

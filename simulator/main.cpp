@@ -3,17 +3,22 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
+#include "block/block_file.h"
 #include "block/image.h"
-#include "codec/catalogue.h"
+#include "paper/effects_file.h"
 #include "platform/files.h"
-#include "platform/serial_settings.h"
+#include "platform/serial/serial_settings.h"
+#include "platform/user_folder.h"
 #include "simulator/panel.h"
 #include "simulator/port_offer.h"
 #include "simulator/station.h"
@@ -27,7 +32,11 @@ constexpr const char* Usage =
     "Simulates the indicator on a serial port of its own. The block file is its ticket memory.\n\n"
     "  --port N             be COM<N>; otherwise the first number that is free\n"
     "  --ports-folder DIR   where the program looks for the numbering of ports\n"
-    "  --catalogues DIR     where the two code catalogues are; otherwise beside the program\n"
+    "  --catalogues DIR     where the code catalogues and what codes do are; otherwise beside the\n"
+    "                       program\n"
+    "  --paper FILE         keep what is printed, behind what the file holds\n"
+    "  --silence SECONDS    end a capture when nothing has come for so long; 0: wait for ever;\n"
+    "                       otherwise 10\n"
     "  --help               this text\n";
 
 struct Options {
@@ -35,18 +44,26 @@ struct Options {
     std::string portsFolder = DefaultPortsFolder();
     std::string catalogues;
     std::string blockFile;
+    std::string paperFile;
+    std::optional<std::chrono::seconds> silence;
     bool help = false;
 };
 
 int PortNumber(const std::string& text) {
-    const bool digits = !text.empty() && text.size() < 4 &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
-    const int port = digits ? std::stoi(text) : 0;
+    const int port = WholeNumber(text);
     if (port < 1 || port > MaxCommPort) {
         throw std::runtime_error("\"" + text + "\" is no port number: ports are numbered 1 to " +
                                  std::to_string(MaxCommPort) + ".");
     }
     return port;
+}
+
+std::chrono::seconds Seconds(const std::string& text) {
+    const int seconds = WholeNumber(text);
+    if (seconds < 0) {
+        throw std::runtime_error("\"" + text + "\" is no number of seconds.");
+    }
+    return std::chrono::seconds(seconds);
 }
 
 Options ReadOptions(int argc, char** argv) {
@@ -68,6 +85,10 @@ Options ReadOptions(int argc, char** argv) {
             options.portsFolder = value();
         } else if (argument == "--catalogues") {
             options.catalogues = value();
+        } else if (argument == "--paper") {
+            options.paperFile = value();
+        } else if (argument == "--silence") {
+            options.silence = Seconds(value());
         } else if (argument.starts_with('-') || !options.blockFile.empty()) {
             throw std::runtime_error("\"" + argument + "\" is not understood.\n" + Usage);
         } else {
@@ -77,20 +98,26 @@ Options ReadOptions(int argc, char** argv) {
     return options;
 }
 
-// The ticket buffer image of a block file; without one an empty memory.
-std::string LoadMemory(const std::string& blockFile) {
+// What the block file holds; without one an empty memory. A file with faults in it is taken if it
+// has the form of an image, and the operator is told.
+struct Memory {
+    std::string image = NewTicketBuffer();
+    std::vector<std::string> faults;
+};
+
+Memory LoadMemory(const std::string& blockFile) {
     if (blockFile.empty()) {
-        return NewTicketBuffer();
+        return {};
     }
-    std::string text;
-    if (const Error error = ReadFile(blockFile, text)) {
+    std::string bytes;
+    if (const Error error = ReadFile(blockFile, bytes, MostBlockFileBytes)) {
         throw std::runtime_error(*error);
     }
-    text.resize(std::min(text.find_first_of(",\r\n"), text.size()));
-    if (text.size() != ImageLength || !IsImage(text)) {
-        throw std::runtime_error(blockFile + " is no ticket block.");
+    Memory memory{ImageIn(bytes), FaultsInBlockFile(bytes)};
+    if (memory.image.size() != ImageLength || !IsImage(memory.image)) {
+        throw std::runtime_error(blockFile + " is no ticket block. " + memory.faults.front());
     }
-    return text;
+    return memory;
 }
 
 volatile std::sig_atomic_t ended = 0;
@@ -108,7 +135,6 @@ class EndingSignals {
             ::sigaction(signal, &action, nullptr);
         }
         ::sigprocmask(SIG_BLOCK, &ending, &whileWaiting_);
-        std::signal(SIGPIPE, SIG_IGN);
     }
 
     void Wait(pollfd* handles, nfds_t count, std::chrono::milliseconds longest) const {
@@ -125,15 +151,13 @@ class CommandLines {
   public:
     int Handle() const { return open_ ? STDIN_FILENO : -1; }
 
-    // Reads what is there and runs the lines that are complete. At the end it stops asking.
+    // Reads what is there and runs the lines that are complete. The end ends a line too; then it
+    // stops asking.
     void Feed(Panel& panel) {
         char characters[1024];
         const ssize_t count = ::read(STDIN_FILENO, characters, sizeof characters);
-        if (count <= 0) {
-            open_ = false;
-            return;
-        }
-        pending_.append(characters, static_cast<std::size_t>(count));
+        open_ = count > 0;
+        pending_ += open_ ? std::string(characters, static_cast<std::size_t>(count)) : "\n";
         for (std::size_t end; (end = pending_.find('\n')) != std::string::npos;) {
             panel.Run(pending_.substr(0, end));
             pending_.erase(0, end + 1);
@@ -145,7 +169,40 @@ class CommandLines {
     std::string pending_;
 };
 
-void Serve(Indicator& indicator, Panel& panel, Station& station) {
+// The file that what is printed is kept in, if there is one.
+class PaperFile {
+  public:
+    explicit PaperFile(const std::string& path) : path_(path) {
+        if (path.empty()) {
+            return;
+        }
+        file_.open(path, std::ios::binary | std::ios::app);
+        if (!file_) {
+            throw std::runtime_error(Failure());
+        }
+    }
+
+    void Keep(Indicator& indicator) {
+        const std::string paper = indicator.TakePaper();
+        if (path_.empty() || paper.empty()) {
+            return;
+        }
+        file_.clear();
+        if (!(file_ << paper << std::flush)) {
+            indicator.Say(Failure());
+        }
+    }
+
+  private:
+    std::string Failure() const {
+        return path_ + ": " + std::generic_category().message(errno) + "; the paper is not kept";
+    }
+
+    std::string path_;
+    std::ofstream file_;
+};
+
+void Serve(Indicator& indicator, Panel& panel, Station& station, PaperFile& paper) {
     const EndingSignals signals;
     CommandLines commands;
     while (ended == 0 && !panel.HasQuit()) {
@@ -154,10 +211,12 @@ void Serve(Indicator& indicator, Panel& panel, Station& station) {
         const int wanted =
             (station.WantsInput() ? POLLIN : 0) | (station.WantsOutput() ? POLLOUT : 0);
         pollfd handles[] = {{commands.Handle(), POLLIN, 0},
-                            {station.Handle(), static_cast<short>(wanted), 0}};
+                            {station.Handle(), static_cast<short>(wanted), 0},
+                            {station.Openings(), POLLIN, 0}};
         signals.Wait(handles, std::size(handles), station.LongestWait());
         if (ended == 0 && handles[0].revents != 0) {
             commands.Feed(panel);
+            paper.Keep(indicator);
         }
     }
     std::cout << indicator.TakeScreen() << std::flush;
@@ -169,15 +228,22 @@ int Run(int argc, char** argv) {
         std::cout << Usage;
         return 0;
     }
-    Indicator indicator(LoadMemory(options.blockFile),
-                        {options.catalogues + "/" + std::string(ControlCatalogueName),
-                         options.catalogues + "/" + std::string(PrintCatalogueName)});
+    Memory memory = LoadMemory(options.blockFile);
+    Effects effects;
+    const std::vector<std::string> unknownEffects =
+        LoadEffects(options.catalogues, UserDataFolder(), effects);
+    PaperFile paper(options.paperFile);
+    Indicator indicator(std::move(memory.image), std::move(effects));
     Station station(indicator);
     Line& line = station.Wire();
     Panel panel(
         indicator,
         {[&](int baud) { line.SetSpeed(baud); }, [&](int characters) { line.CutAfter(characters); },
-         [&](int characters) { line.StallAfter(characters); }, [&] { line.Resume(); }});
+         [&](int characters) { line.StallAfter(characters); }, [&] { line.Resume(); },
+         [&](int seconds) { station.SetSilence(std::chrono::seconds(seconds)); }});
+    if (options.silence) {
+        station.SetSilence(*options.silence);
+    }
     PortOffer offer(options.portsFolder, options.port);
     station.OnPlugged = [&](const std::string& device) {
         offer.Offer(device);
@@ -187,7 +253,14 @@ int Run(int argc, char** argv) {
         offer.Withdraw();
         indicator.Say("unplugged");
     };
-    Serve(indicator, panel, station);
+    indicator.Say("The command \"help\" lists the commands.");
+    for (const std::string& fault : memory.faults) {
+        indicator.Say(options.blockFile + " is damaged. " + fault);
+    }
+    for (const std::string& fault : unknownEffects) {
+        indicator.Say(fault);
+    }
+    Serve(indicator, panel, station, paper);
     return 0;
 }
 
@@ -196,6 +269,7 @@ int Run(int argc, char** argv) {
 }  // namespace varno
 
 int main(int argc, char** argv) {
+    varno::SurviveFailedWrites();
     try {
         return varno::Run(argc, argv);
     } catch (const std::exception& failure) {

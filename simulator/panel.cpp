@@ -4,7 +4,7 @@
 #include <cctype>
 #include <charconv>
 
-#include "platform/files.h"
+#include "block/block_file.h"
 
 namespace varno {
 
@@ -15,11 +15,13 @@ constexpr std::string_view Help =
     "78         capture a ticket buffer (download in the program)\n"
     "P S I O    press Print, Start, In or Out\n"
     "list       the tickets and the keys they are bound to\n"
+    "values     the values that print codes print; values P012=9999 changes one\n"
     "save FILE  save the ticket buffer as a block file\n"
     "speed N    carry N bits a second both ways; 0: as fast as it goes\n"
     "noise      send characters that mean nothing\n"
     "cut N      after N more characters pull the cable, and plug it in again a second later\n"
     "stall N    after N more characters stand still, until stall is entered without a number\n"
+    "silence N  end a capture when nothing has come for N seconds; 0: wait for ever\n"
     "help       this list\n"
     "quit       end\n";
 
@@ -37,15 +39,14 @@ std::string Lower(std::string_view text) {
     return lower;
 }
 
-// The whole number from 0 on that the text writes, or -1.
+}  // namespace
+
 int WholeNumber(std::string_view text) {
     int number = -1;
     const char* const end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, number);
     return result.ec == std::errc() && result.ptr == end ? std::max(number, -1) : -1;
 }
-
-}  // namespace
 
 void Panel::Run(std::string_view commandLine) {
     const std::string_view line = Trimmed(commandLine);
@@ -58,12 +59,8 @@ void Panel::Run(std::string_view commandLine) {
 
 // False if it is no command.
 bool Panel::Do(const std::string& name, const std::string& argument) {
-    if (!argument.empty() && name == "save") {
-        Save(argument);
-        return true;
-    }
     if (!argument.empty()) {
-        return DoWithNumber(name, WholeNumber(argument));
+        return DoWithArgument(name, argument) || DoWithNumber(name, WholeNumber(argument));
     }
     if (const std::size_t key = std::string_view("psio").find(name);
         name.size() == 1 && key != std::string_view::npos) {
@@ -74,6 +71,8 @@ bool Panel::Do(const std::string& name, const std::string& argument) {
         indicator_.StartCapture();
     } else if (name == "list") {
         indicator_.List();
+    } else if (name == "values") {
+        indicator_.ListValues();
     } else if (name == "noise") {
         indicator_.SendNoise();
     } else if (name == "stall") {
@@ -82,6 +81,17 @@ bool Panel::Do(const std::string& name, const std::string& argument) {
         indicator_.Say(Help);
     } else if (name == "quit") {
         hasQuit_ = true;
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool Panel::DoWithArgument(const std::string& name, const std::string& argument) {
+    if (name == "save") {
+        Save(argument);
+    } else if (name == "values") {
+        indicator_.ChangeValue(argument);
     } else {
         return false;
     }
@@ -98,6 +108,8 @@ bool Panel::DoWithNumber(const std::string& name, int number) {
         line_.cutAfter(number);
     } else if (name == "stall") {
         line_.stallAfter(number);
+    } else if (name == "silence") {
+        line_.silence(number);
     } else {
         return false;
     }
@@ -105,7 +117,7 @@ bool Panel::DoWithNumber(const std::string& name, int number) {
 }
 
 void Panel::Save(const std::string& path) {
-    const Error error = WriteFile(path, indicator_.Memory() + "\r\n");
+    const Error error = WriteBlockFile(path, indicator_.Memory());
     indicator_.Say(error ? *error : "saved as " + path);
 }
 

@@ -9,13 +9,17 @@
 
 namespace varno {
 
-// What the panel does to the line; the line itself belongs to the caller.
+// What the panel does to the line and its end; both belong to the caller.
 struct LineSwitches {
     std::function<void(int baud)> speed;
     std::function<void(int characters)> cutAfter;
     std::function<void(int characters)> stallAfter;
     std::function<void()> resume;
+    std::function<void(int seconds)> silence;
 };
+
+// The whole number from 0 on that the text writes, or -1.
+int WholeNumber(std::string_view text);
 
 class Panel {
   public:
@@ -28,6 +32,7 @@ class Panel {
 
   private:
     bool Do(const std::string& name, const std::string& argument);
+    bool DoWithArgument(const std::string& name, const std::string& argument);
     bool DoWithNumber(const std::string& name, int number);
     void Save(const std::string& path);
 

@@ -1,12 +1,13 @@
 #include "simulator/port_offer.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
 #include <utility>
 
-#include "platform/serial_ports.h"
-#include "platform/serial_settings.h"
+#include "platform/serial/port_numbers.h"
+#include "platform/serial/serial_settings.h"
+#include "platform/user_folder.h"
+#include "simulator/pseudo_terminal.h"
 
 namespace varno {
 
@@ -14,55 +15,53 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Environment(const char* name) {
-    const char* const value = std::getenv(name);
-    return value != nullptr ? value : "";
-}
-
-// Left behind by a simulated indicator that was killed. Only those lead to a pseudo-terminal.
-bool IsLeftBehind(const std::string& device) {
-    return device.starts_with("/dev/pts/") && !fs::exists(device);
+// Links straight to a pseudo-terminal are those of simulated indicators. One that was killed leaves
+// its own behind, and whoever gets that pseudo-terminal next is no indicator.
+bool IsLeftBehind(const std::string& target, const std::string& newDevice) {
+    return target.starts_with("/dev/pts/") &&
+           (target == newDevice || !PseudoTerminal::IsServed(target));
 }
 
 }  // namespace
 
 std::string DefaultPortsFolder() {
-    std::string data = Environment("XDG_DATA_HOME");
-    if (data.empty()) {
-        data = Environment("HOME") + "/.local/share";
-    }
-    return data + "/VarnoTicketFormatter/ports";
+    return UserDataFolder() + "/ports";
 }
 
 void PortOffer::Offer(const std::string& device) {
     fs::create_directories(folder_);
+    RemoveLeftBehind(device);
     if (number_ == 0) {
         number_ = FreeNumber();
     }
     const PortNumbers links = ReadPortLinks(folder_);
     if (const auto link = links.find(number_); link != links.end()) {
-        if (!IsLeftBehind(link->second)) {
-            throw std::runtime_error("COM" + std::to_string(number_) + " is " + link->second +
-                                     " already.");
-        }
-        fs::remove(LinkPath());
+        throw std::runtime_error("COM" + std::to_string(number_) + " is " + link->second +
+                                 " already.");
     }
-    fs::create_symlink(device, LinkPath());
+    fs::create_symlink(device, LinkPath(number_));
     offered_ = device;
 }
 
 void PortOffer::Withdraw() {
     std::error_code ignored;
-    if (!offered_.empty() && fs::read_symlink(LinkPath(), ignored) == offered_) {
-        fs::remove(LinkPath(), ignored);
+    if (!offered_.empty() && fs::read_symlink(LinkPath(number_), ignored) == offered_) {
+        fs::remove(LinkPath(number_), ignored);
     }
     offered_.clear();
 }
 
+void PortOffer::RemoveLeftBehind(const std::string& device) const {
+    for (const auto& [number, ignored] : ReadPortLinks(folder_)) {
+        std::error_code noLink;
+        if (IsLeftBehind(fs::read_symlink(LinkPath(number), noLink), device)) {
+            fs::remove(LinkPath(number));
+        }
+    }
+}
+
 int PortOffer::FreeNumber() const {
-    PortNumbers links = ReadPortLinks(folder_);
-    std::erase_if(links, [](const auto& link) { return IsLeftBehind(link.second); });
-    const PortNumbers ports = NumberPorts(links, PresentDevices());
+    const PortNumbers ports = NumberPorts(ReadPortLinks(folder_), PresentDevices());
     int number = 1;
     while (ports.contains(number)) {
         ++number;
@@ -73,8 +72,8 @@ int PortOffer::FreeNumber() const {
     return number;
 }
 
-std::string PortOffer::LinkPath() const {
-    return folder_ + "/COM" + std::to_string(number_);
+std::string PortOffer::LinkPath(int number) const {
+    return folder_ + "/COM" + std::to_string(number);
 }
 
 }  // namespace varno

@@ -25,8 +25,9 @@ class PortOffer {
     int Number() const { return number_; }
 
   private:
+    void RemoveLeftBehind(const std::string& device) const;
     int FreeNumber() const;
-    std::string LinkPath() const;
+    std::string LinkPath(int number) const;
 
     std::string folder_;
     int number_;

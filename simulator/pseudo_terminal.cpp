@@ -1,11 +1,15 @@
 #include "simulator/pseudo_terminal.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/inotify.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <system_error>
 
 namespace varno {
@@ -36,11 +40,42 @@ PseudoTerminal::PseudoTerminal() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_
     slave_ = ::open(device_.c_str(), O_RDWR | O_NOCTTY);
     Check(slave_ >= 0, "pseudo-terminal");
     MakeRaw(slave_);
+    Check(::flock(slave_, LOCK_EX | LOCK_NB) == 0, "pseudo-terminal");
+    watch_ = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+    Check(::inotify_add_watch(watch_, device_.c_str(), IN_OPEN | IN_CLOSE) >= 0, "pseudo-terminal");
 }
 
 PseudoTerminal::~PseudoTerminal() {
+    ::close(watch_);
     ::close(slave_);
     ::close(master_);
+}
+
+bool PseudoTerminal::HasProgram() {
+    const bool hadProgram = programs_ > 0;
+    char events[ReadSize];
+    for (ssize_t size; (size = ::read(watch_, events, sizeof events)) > 0;) {
+        inotify_event event = {};
+        for (ssize_t at = 0; at < size; at += static_cast<ssize_t>(sizeof event + event.len)) {
+            std::memcpy(&event, events + at, sizeof event);
+            programs_ += (event.mask & IN_OPEN) != 0 ? 1 : -1;
+        }
+    }
+    if (hadProgram && programs_ == 0) {
+        ::ioctl(slave_, TIOCNXCL);  // what a killed program leaves set
+        MakeRaw(slave_);
+    }
+    return programs_ > 0;
+}
+
+bool PseudoTerminal::IsServed(const std::string& device) {
+    const int opened = ::open(device.c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (opened < 0) {
+        return errno == EBUSY;  // a program has it for itself
+    }
+    const bool served = ::flock(opened, LOCK_SH | LOCK_NB) != 0;
+    ::close(opened);
+    return served;
 }
 
 std::string PseudoTerminal::Read() {

@@ -6,19 +6,17 @@ namespace varno {
 
 namespace {
 
-constexpr std::chrono::milliseconds SilentAfter(1000);
+constexpr std::chrono::milliseconds QuietAfter(1000);
+constexpr std::chrono::milliseconds SilentAfter(10'000);
 constexpr std::chrono::milliseconds UnpluggedFor(1000);
-
-Line::Time Now() {
-    return std::chrono::steady_clock::now();
-}
 
 }  // namespace
 
-Station::Station(Indicator& indicator) : indicator_(indicator) {}
+Station::Station(Indicator& indicator)
+    : indicator_(indicator),
+      pauses_{{{QuietAfter, &Indicator::ShowHeard}, {SilentAfter, &Indicator::EndCapture}}} {}
 
-void Station::Step() {
-    const Line::Time now = Now();
+void Station::Step(Line::Time now) {
     if (!cable_) {
         if (now < plugAgain_) {
             return;
@@ -27,12 +25,18 @@ void Station::Step() {
     }
     MoveToIndicator(now);
     MoveFromIndicator(now);
-    if (!silent_ && now - lastHeard_ >= SilentAfter) {
-        silent_ = true;
-        indicator_.Silence();
-    }
+    EndPauses(now);
     if (line_.IsCut()) {
-        Unplug();
+        Unplug(now);
+    }
+}
+
+void Station::EndPauses(Line::Time now) {
+    for (Pause& pause : pauses_) {
+        if (!pause.over && pause.after.count() > 0 && now - lastHeard_ >= pause.after) {
+            pause.over = true;
+            (indicator_.*pause.then)();
+        }
     }
 }
 
@@ -43,7 +47,9 @@ void Station::MoveToIndicator(Line::Time now) {
     const std::string heard = line_.TakeOut(Direction::ToIndicator, now);
     if (!heard.empty()) {
         lastHeard_ = now;
-        silent_ = false;
+        for (Pause& pause : pauses_) {
+            pause.over = false;
+        }
         indicator_.Receive(heard);
     }
     cable_->Hold(!WantsInput());
@@ -52,7 +58,9 @@ void Station::MoveToIndicator(Line::Time now) {
 void Station::MoveFromIndicator(Line::Time now) {
     line_.PutIn(Direction::FromIndicator, indicator_.TakeTransmission(), now);
     outgoing_ += line_.TakeOut(Direction::FromIndicator, now);
-    if (!outgoing_.empty()) {
+    if (!cable_->HasProgram()) {
+        outgoing_.clear();  // nobody listens
+    } else if (!outgoing_.empty()) {
         outgoing_.erase(0, cable_->Write(outgoing_));
     }
 }
@@ -64,14 +72,14 @@ void Station::Plug() {
     }
 }
 
-void Station::Unplug() {
+void Station::Unplug(Line::Time now) {
     if (OnUnplugged) {
         OnUnplugged();
     }
     cable_.reset();
     line_.Repair();
     outgoing_.clear();
-    plugAgain_ = Now() + UnpluggedFor;
+    plugAgain_ = now + UnpluggedFor;
 }
 
 std::chrono::milliseconds Station::LongestWait() const {
@@ -80,14 +88,17 @@ std::chrono::milliseconds Station::LongestWait() const {
         due = plugAgain_;
     } else {
         due = line_.NextDue().value_or(due);
-        if (!silent_) {
-            due = std::min(due, lastHeard_ + SilentAfter);
+        for (const Pause& pause : pauses_) {
+            if (!pause.over && pause.after.count() > 0) {
+                due = std::min(due, lastHeard_ + pause.after);
+            }
         }
     }
     if (due == Line::Time::max()) {
         return std::chrono::milliseconds(-1);
     }
-    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(due - Now());
+    const auto wait =
+        std::chrono::ceil<std::chrono::milliseconds>(due - std::chrono::steady_clock::now());
     return std::max(wait, std::chrono::milliseconds(0));
 }
 

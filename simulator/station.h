@@ -2,6 +2,7 @@
 // indicator. It never waits; its owner waits for it.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -22,20 +23,32 @@ class Station {
     std::function<void()> OnUnplugged;
 
     // Moves what can be moved now.
-    void Step();
+    void Step(Line::Time now = std::chrono::steady_clock::now());
 
     Line& Wire() { return line_; }
+    // A capture ends when nothing has come for so long; 0: never.
+    void SetSilence(std::chrono::seconds silence) { EndingCapture().after = silence; }
 
-    // To be waited for before the next step: the handle (-1 while unplugged), what on it, and how
-    // long at most.
+    // To be waited for before the next step: the handles (-1 while unplugged), what on the first,
+    // and how long at most. The second has input when the device was opened or closed.
     int Handle() const { return cable_ ? cable_->Handle() : -1; }
+    int Openings() const { return cable_ ? cable_->Openings() : -1; }
     bool WantsInput() const { return !line_.IsFull(Direction::ToIndicator); }
     bool WantsOutput() const { return !outgoing_.empty(); }
     std::chrono::milliseconds LongestWait() const;
 
   private:
+    // What the indicator does when nothing has come for a while.
+    struct Pause {
+        std::chrono::milliseconds after;
+        void (Indicator::*then)();
+        bool over = true;
+    };
+
+    Pause& EndingCapture() { return pauses_.back(); }
+    void EndPauses(Line::Time now);
     void Plug();
-    void Unplug();
+    void Unplug(Line::Time now);
     void MoveToIndicator(Line::Time now);
     void MoveFromIndicator(Line::Time now);
 
@@ -44,7 +57,7 @@ class Station {
     std::unique_ptr<PseudoTerminal> cable_;
     std::string outgoing_;  // has passed the line, but not been taken by the system
     Line::Time lastHeard_;
-    bool silent_ = true;
+    std::array<Pause, 2> pauses_;
     Line::Time plugAgain_;  // while unplugged
 };
 

@@ -2,17 +2,22 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 namespace varno {
 
-// The text tells the operator why. Nothing was changed.
-struct Refusal : std::runtime_error {
-    using runtime_error::runtime_error;
+// How the program ends.
+enum class Ending {
+    Done = 0,
+    FaultFound = 1,  // a damaged block; a file that is no ticket or no block
+    WrongUsage = 2,  // the command line makes no sense
+    CouldNot = 3,    // a file that cannot be read or written; what the block does not allow
 };
 
-// The command line makes no sense.
-struct WrongUsage : std::runtime_error {
-    using runtime_error::runtime_error;
+// The text tells the operator why; empty if that has been told.
+struct Refusal : std::runtime_error {
+    Refusal(Ending how, const std::string& text) : runtime_error(text), ending(how) {}
+    Ending ending;
 };
 
 }  // namespace varno

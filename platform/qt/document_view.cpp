@@ -2,14 +2,13 @@
 
 #include "platform/files.h"
 #include "platform/qt/document_layout.h"
-#include "platform/qt/focus_framed.h"
 #include "platform/qt/simple_controls.h"
 #include "platform/rtf/rtf_reader.h"
 
 namespace varno {
 
 QtDocumentView::QtDocumentView(const ControlDesign& design, QWidget* parent)
-    : QtControl(new FocusFramed<QTextBrowser>(parent)) {
+    : QtControl(new QTextBrowser(parent)) {
     ApplyDesign(design, widget_);
     UseWhitePaper(widget_, Qt::black);
     widget_->setOpenLinks(false);  // shows the document, goes nowhere

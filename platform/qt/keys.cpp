@@ -73,6 +73,12 @@ bool IsModifierAlone(const QKeyEvent& event) {
     return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
 }
 
+bool IsCommand(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers();
+    const bool altGr = modifiers.testFlag(Qt::ControlModifier);
+    return modifiers.testFlag(Qt::MetaModifier) || (modifiers.testFlag(Qt::AltModifier) && !altGr);
+}
+
 bool IsTyping(const QKeyEvent& event) {
     const Qt::KeyboardModifiers modifiers = event.modifiers();
     const bool ctrl = modifiers.testFlag(Qt::ControlModifier);

@@ -15,6 +15,10 @@ int ShiftStateOf(const QKeyEvent& event);
 // Shift, Ctrl and the like, pressed without another key. They mean nothing by themselves.
 bool IsModifierAlone(const QKeyEvent& event);
 
+// With Alt or Super held a key is a command to the window or the desktop, whatever its text. Ctrl
+// and Alt together are AltGr, which types.
+bool IsCommand(const QKeyEvent& event);
+
 // Whether the key would type its text into an editor.
 bool IsTyping(const QKeyEvent& event);
 

@@ -1,20 +1,13 @@
 #include "platform/qt/list_box.h"
 
 #include <QKeyEvent>
-#include <QMouseEvent>
+#include <QSignalBlocker>
 #include <algorithm>
-#include <utility>
 
+#include "platform/qt/keys.h"
 #include "platform/qt/simple_controls.h"
 
 namespace varno {
-namespace {
-
-int KeyCodeOf(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Delete ? static_cast<int>(KeyDelete) : static_cast<int>(KeyOther);
-}
-
-}  // namespace
 
 QRect WholeRows(const QListWidget& list, QRect room) {
     const int row = list.fontMetrics().height();
@@ -37,74 +30,43 @@ int SortedPosition(const QListWidget& list, const QString& text) {
     return low;
 }
 
-RowList::RowList(QtListBox* control, QWidget* parent) : FocusFramed(parent), control_(control) {
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setUniformItemSizes(true);
+void ListBoxRows::keyPressEvent(QKeyEvent* event) {
+    if (IsTyping(*event) && !IsCommand(*event) && control_->OnKeyPress) {
+        control_->OnKeyPress(event->text().at(0).unicode());
+    }
+    RowList::keyPressEvent(event);
 }
 
-void RowList::mousePressEvent(QMouseEvent* event) {
-    const int before = control_->ListIndex();
-    QListWidget::mousePressEvent(event);
-    const QListWidgetItem* pressed = itemAt(event->position().toPoint());
-    // A press on the selected row selects it once more.
-    if (pressed != nullptr && row(pressed) == before && control_->OnClick) {
-        control_->OnClick();
-    }
-}
-
-void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
-    QListWidget::mouseDoubleClickEvent(event);
-    if (itemAt(event->position().toPoint()) != nullptr && control_->OnDblClick) {
-        control_->OnDblClick();
-    }
-}
-
-void RowList::keyPressEvent(QKeyEvent* event) {
-    const QString text = event->text();
-    if (!text.isEmpty() && control_->OnKeyPress) {
-        control_->OnKeyPress(text.at(0).unicode());
-    }
-    const bool arrow = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
-    if (arrow && control_->ListIndex() < 0 && count() > 0) {
-        setCurrentRow(0);  // the first arrow key selects the first row, it does not skip it
-        return;
-    }
-    QListWidget::keyPressEvent(event);
-}
-
-void RowList::keyReleaseEvent(QKeyEvent* event) {
-    QListWidget::keyReleaseEvent(event);
+void ListBoxRows::keyReleaseEvent(QKeyEvent* event) {
+    RowList::keyReleaseEvent(event);
     if (!event->isAutoRepeat() && control_->OnKeyUp) {
         control_->OnKeyUp(KeyCodeOf(*event));
     }
 }
 
-void RowList::focusInEvent(QFocusEvent* event) {
-    QListWidget::focusInEvent(event);
+void ListBoxRows::focusInEvent(QFocusEvent* event) {
+    RowList::focusInEvent(event);
     if (IsNewFocus(*event) && control_->OnGotFocus) {
         control_->OnGotFocus();
     }
 }
 
 QtListBox::QtListBox(const ControlDesign& design, QWidget* parent)
-    : QtControl(new RowList(this, parent)), sorted_(design.sorted) {
+    : QtControl(new ListBoxRows(this, parent)), sorted_(design.sorted) {
     ApplyDesign(design, widget_);
     if (design.colour != TextColour) {
         UseWhitePaper(widget_, ToQt(design.colour));
     }
-    QObject::connect(widget_, &QListWidget::itemSelectionChanged, widget_, [this] {
-        if (!quiet_ && ListIndex() >= 0 && OnClick) {
+    widget_->OnChosen = [this] {
+        if (OnClick) {
             OnClick();
         }
-    });
-}
-
-template <class Change>
-void QtListBox::Quietly(Change change) {
-    const bool before = std::exchange(quiet_, true);
-    change();
-    quiet_ = before;
+    };
+    widget_->OnDblClick = [this] {
+        if (OnDblClick) {
+            OnDblClick();
+        }
+    };
 }
 
 std::string QtListBox::List(int index) const {
@@ -117,46 +79,42 @@ void QtListBox::AddItem(const std::string& text) {
 }
 
 void QtListBox::InsertItem(int index, const std::string& text) {
-    Quietly([&] { widget_->insertItem(index, ToQt(text)); });
+    const QSignalBlocker quiet(widget_);
+    widget_->insertItem(index, ToQt(text));
 }
 
 void QtListBox::SetItem(int index, const std::string& text) {
     if (QListWidgetItem* item = widget_->item(index)) {
-        Quietly([&] { item->setText(ToQt(text)); });
+        const QSignalBlocker quiet(widget_);
+        item->setText(ToQt(text));
     }
 }
 
 void QtListBox::RemoveItem(int index) {
-    Quietly([&] {
-        const bool selected = index == ListIndex();
-        delete widget_->takeItem(index);
-        if (selected) {
-            widget_->clearSelection();
-            widget_->setCurrentItem(nullptr);
-        }
-    });
+    const QSignalBlocker quiet(widget_);
+    const bool selected = index == ListIndex();
+    delete widget_->takeItem(index);
+    if (selected) {
+        widget_->clearSelection();
+        widget_->setCurrentItem(nullptr);
+    }
 }
 
 void QtListBox::Clear() {
-    Quietly([&] { widget_->clear(); });
+    const QSignalBlocker quiet(widget_);
+    widget_->clear();
 }
 
 void QtListBox::SetPlace(const Place& place) {
     widget_->setGeometry(WholeRows(*widget_, ToPixels(place)));
 }
 
-int QtListBox::ListIndex() const {
-    const QList<QListWidgetItem*> selected = widget_->selectedItems();
-    return selected.isEmpty() ? -1 : widget_->row(selected.first());
-}
-
 void QtListBox::SetListIndex(int index) {
-    Quietly([&] {
-        widget_->setCurrentRow(index);
-        if (index < 0) {
-            widget_->clearSelection();
-        }
-    });
+    const QSignalBlocker quiet(widget_);
+    widget_->setCurrentRow(index);
+    if (index < 0) {
+        widget_->clearSelection();
+    }
 }
 
 }  // namespace varno

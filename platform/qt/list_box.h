@@ -1,22 +1,19 @@
 // A list of rows, at most one of them selected, in the order the program or the alphabet gives.
 #pragma once
 
-#include <QListWidget>
-
 #include "platform/qt/control_base.h"
-#include "platform/qt/focus_framed.h"
+#include "platform/qt/row_list.h"
 
 namespace varno {
 
 class QtListBox;
 
-class RowList final : public FocusFramed<QListWidget> {
+// Tells its control of keys and of the focus.
+class ListBoxRows final : public RowList {
   public:
-    RowList(QtListBox* control, QWidget* parent);
+    ListBoxRows(QtListBox* control, QWidget* parent) : RowList(parent), control_(control) {}
 
   protected:
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -25,7 +22,7 @@ class RowList final : public FocusFramed<QListWidget> {
     QtListBox* control_;
 };
 
-class QtListBox final : public QtControl<ListBox, RowList> {
+class QtListBox final : public QtControl<ListBox, ListBoxRows> {
   public:
     QtListBox(const ControlDesign& design, QWidget* parent);
 
@@ -36,17 +33,12 @@ class QtListBox final : public QtControl<ListBox, RowList> {
     void SetItem(int index, const std::string& text) override;
     void RemoveItem(int index) override;
     void Clear() override;
-    int ListIndex() const override;
+    int ListIndex() const override { return widget_->SelectedRow(); }
     void SetListIndex(int index) override;
     void SetPlace(const Place& place) override;
 
   private:
-    // Runs a change of the program's own, which raises no event.
-    template <class Change>
-    void Quietly(Change change);
-
     bool sorted_;
-    bool quiet_ = false;
 };
 
 // A list shows whole rows only: the part of `room` that is as high as the rows that fit.

@@ -1,5 +1,6 @@
 #include "platform/qt/measures.h"
 
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QtMath>
@@ -30,13 +31,22 @@ int ToTwips(int pixels) {
     return qRound(pixels * TwipsPerPixel());
 }
 
+// Edge by edge, so that controls side by side stay so however the pixels fall.
 QRect ToPixels(const Place& place) {
-    return {ToPixels(place.left), ToPixels(place.top), ToPixels(place.width),
-            ToPixels(place.height)};
+    const int left = ToPixels(place.left);
+    const int top = ToPixels(place.top);
+    return {left, top, ToPixels(place.left + place.width) - left,
+            ToPixels(place.top + place.height) - top};
 }
 
 Place ToTwips(const QRect& rect) {
     return {ToTwips(rect.x()), ToTwips(rect.y()), ToTwips(rect.width()), ToTwips(rect.height())};
+}
+
+int WidthForTitle(const QString& title) {
+    constexpr int IconAndButtons = 120;
+    return QFontMetrics(ToQt(FontFace::Interface)).horizontalAdvance(title) * 3 / 2 +
+           IconAndButtons;
 }
 
 QFont ToQt(FontFace face) {

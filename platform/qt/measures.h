@@ -34,6 +34,10 @@ int ToTwips(int pixels);
 QRect ToPixels(const Place& place);
 Place ToTwips(const QRect& rect);
 
+// The width in pixels of a window whose title bar shows this title whole, as far as one can know:
+// its font and buttons are the desktop's.
+int WidthForTitle(const QString& title);
+
 // The faces of the design tables. The interface font is small: the captions have to fit the
 // places they were designed for.
 QFont ToQt(FontFace face);

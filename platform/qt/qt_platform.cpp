@@ -4,18 +4,28 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QStandardPaths>
-#include <QStyleFactory>
 
 #include "platform/qt/measures.h"
 #include "platform/qt/qt_window.h"
-#include "platform/qt/serial_port_adapter.h"
+#include "platform/qt/serial/serial_port_adapter.h"
+#include "platform/qt/style.h"
 
 namespace varno {
+namespace {
+
+QFileInfo Executable() {
+    return QFileInfo(QCoreApplication::applicationFilePath());
+}
+
+}  // namespace
 
 void PrepareApplication() {
-    // One style everywhere: its faces fit the small places of the design; its colours are the
-    // desktop theme's.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    // The same when started through a link, so that the desktop knows the program's windows.
+    QCoreApplication::setApplicationName(Executable().completeBaseName());
+    // One style and one font everywhere, in boxes as in windows: they fit the small places of the
+    // design. The colours are the desktop theme's.
+    QApplication::setStyle(new Style);
+    QApplication::setFont(ToQt(FontFace::Interface));
     QGuiApplication::setApplicationDisplayName(QString());
     QGuiApplication::setDesktopFileName(QStringLiteral("varno-ticket-formatter"));
     QIcon icon;
@@ -26,7 +36,7 @@ void PrepareApplication() {
 }
 
 ProgramInfo ThisProgram() {
-    const QFileInfo executable(QCoreApplication::applicationFilePath());
+    const QFileInfo executable = Executable();
     QStringList arguments = QCoreApplication::arguments();
     arguments.removeFirst();
     ProgramInfo info;
@@ -45,6 +55,7 @@ std::unique_ptr<Window> QtPlatform::CreateWindow(const WindowDesign& design) {
     auto window = std::make_unique<QtWindow>(design, mainWindow_);
     if (mainWindow_ == nullptr) {
         mainWindow_ = window->Widget();
+        dialogs_.SetMainWindow(mainWindow_);
     }
     return window;
 }

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QStyle>
 #include <algorithm>
 
 #include "platform/qt/control_factory.h"
@@ -25,22 +26,37 @@ Qt::WindowFlags FlagsFor(const WindowDesign& design, bool isDialog) {
     return flags;
 }
 
-// `place` moved so far that its title bar can be reached.
-QRect OntoScreen(QRect place) {
+// Whether a title bar above `place` can be reached on this screen.
+bool IsWithinReach(const QRect& place, const QRect& screen) {
     const QRect title(place.topLeft(), QSize(place.width(), ReachablePixels));
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        const QRect seen = screen->availableGeometry().intersected(title);
-        if (seen.width() >= ReachablePixels && seen.height() >= ReachablePixels / 2) {
-            return place;
+    const QRect seen = screen.intersected(title);
+    return seen.width() >= ReachablePixels && seen.height() >= ReachablePixels / 2;
+}
+
+// `place`, whose top left corner is that of the window manager's frame, made no larger than its
+// screen, and moved onto that where it was on none or too large.
+QRect OntoScreen(QRect place) {
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    bool isReached = false;
+    for (const QScreen* other : QGuiApplication::screens()) {
+        if (!isReached && IsWithinReach(place, other->availableGeometry())) {
+            screen = other;
+            isReached = true;
         }
     }
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        const QRect room = screen->availableGeometry();
-        place.moveLeft(std::clamp(place.left(), room.left(),
-                                  std::max(room.left(), room.right() - place.width())));
-        place.moveTop(std::clamp(place.top(), room.top(),
-                                 std::max(room.top(), room.bottom() - place.height())));
+    if (screen == nullptr) {
+        return place;
     }
+    const int border = QApplication::style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const int title = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect room = screen->availableGeometry().adjusted(0, 0, -2 * border, -title - border);
+    const QSize fitting = place.size().boundedTo(room.size());
+    if (isReached && fitting == place.size()) {
+        return place;
+    }
+    place.setSize(fitting);
+    place.moveLeft(std::clamp(place.left(), room.left(), room.right() - place.width() + 1));
+    place.moveTop(std::clamp(place.top(), room.top(), room.bottom() - place.height() + 1));
     return place;
 }
 
@@ -106,7 +122,6 @@ QtWindow::QtWindow(const WindowDesign& design, QWidget* parent)
       frameHeight_(design.menus.empty() ? FrameHeightWithoutMenu : FrameHeightWithMenu) {
     shell_.setObjectName(ToQt(design.name));
     shell_.setWindowTitle(ToQt(design.caption));
-    shell_.setFont(ToQt(FontFace::Interface));
     shell_.setCentralWidget(client_);
     AddMenus(design);
     AddControls(design);
@@ -171,13 +186,16 @@ void QtWindow::AddMenus(const WindowDesign& design) {
         QAction* action = nullptr;
         if (isMenu) {
             auto* menu = new QMenu(ToQt(item.caption), parent);
-            menu->setFont(ToQt(FontFace::Interface));
             menu->setObjectName(ToQt(item.name) + QStringLiteral(".Menu"));
             menus[item.name] = menu;
             action = menu->menuAction();
         } else {
-            action = new QAction(ToQt(item.caption), &shell_);
-            action->setSeparator(item.caption == "-");
+            action = new QAction(&shell_);
+            if (item.caption == "-") {
+                action->setSeparator(true);  // a text would be drawn beside the line
+            } else {
+                action->setText(ToQt(item.caption));
+            }
         }
         action->setObjectName(ToQt(item.name));
         action->setEnabled(item.enabled);
@@ -197,10 +215,6 @@ void QtWindow::AddMenus(const WindowDesign& design) {
         }
         components_.emplace(item.name, std::move(component));
     }
-    shell_.menuBar()->setFont(ToQt(FontFace::Interface));
-    // The seven captions fit beside each other at the smallest width.
-    shell_.menuBar()->setStyleSheet(
-        QStringLiteral("QMenuBar { spacing: 0px; } QMenuBar::item { padding: 3px 4px; }"));
 }
 
 Component* QtWindow::Find(std::string_view name) {

@@ -42,6 +42,7 @@ class QtWindow final : public Window {
     void SetMinimumSize(int outerWidth, int outerHeight) override;
     WindowState State() const override;
     void SetState(WindowState state) override;
+    bool IsShown() const override { return shell_.isVisible(); }
     void Show() override;
     void ShowModal() override;
     void Hide() override;

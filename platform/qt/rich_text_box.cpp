@@ -1,117 +1,20 @@
 #include "platform/qt/rich_text_box.h"
 
-#include <QInputMethodEvent>
-#include <QKeyEvent>
 #include <QTextBlock>
 #include <utility>
 
-#include "platform/qt/keys.h"
+#include "codec/text_limits.h"
+#include "codec/text_steps.h"
 #include "platform/qt/marked_cursor.h"
 #include "platform/qt/simple_controls.h"
 
 namespace varno {
-namespace {
-
-// Alt with one of these letters is the editor's own command, not the menu's.
-bool IsEditorCommand(const QKeyEvent& event) {
-    return event.modifiers() == Qt::AltModifier &&
-           (event.key() == Qt::Key_A || event.key() == Qt::Key_C || event.key() == Qt::Key_P);
-}
-
-}  // namespace
 
 TicketEdit::TicketEdit(QtRichTextBox* control, QWidget* parent)
-    : FocusFramed(parent), control_(control) {
+    : QTextEdit(parent), control_(control) {
     setLineWrapMode(QTextEdit::NoWrap);
     setTabChangesFocus(true);
     setCursorWidth(2);
-}
-
-bool TicketEdit::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride &&
-        IsEditorCommand(*static_cast<QKeyEvent*>(event))) {
-        event->accept();
-        return true;
-    }
-    return FocusFramed::event(event);
-}
-
-void TicketEdit::keyPressEvent(QKeyEvent* event) {
-    if (!IsModifierAlone(*event)) {
-        HandleKey(event, KeyCodeOf(*event));
-    }
-}
-
-void TicketEdit::HandleKey(QKeyEvent* event, int keyCode) {
-    const KeyFate fate =
-        control_->OnKeyDown ? control_->OnKeyDown(keyCode, ShiftStateOf(*event)) : KeyFate::Pass;
-    event->accept();
-    switch (fate) {
-        case KeyFate::Drop:
-            return;
-        case KeyFate::Pass:
-            ApplyKey(event);
-            return;
-        case KeyFate::PassTwice:
-            control_->AsOneStep([&] {
-                const int before = document()->characterCount();
-                ApplyKey(event);
-                if (document()->characterCount() == before) {
-                    return;  // the key found nothing to delete, such as Shift and Delete
-                }
-                QTextCursor cursor = textCursor();
-                keyCode == KeyDelete ? cursor.deleteChar() : cursor.deletePreviousChar();
-                setTextCursor(cursor);
-            });
-            control_->SetSelStart(control_->SelStart());  // typing goes on as from there
-            return;
-    }
-}
-
-void TicketEdit::ApplyKey(QKeyEvent* event) {
-    const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
-    const int key = event->key();
-    if (ctrl && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
-        control_->SetSelText(LineBreak);
-        return;
-    }
-    if (ctrl && key == Qt::Key_Space) {
-        control_->SetSelText(u" ");
-        return;
-    }
-    if (IsTyping(*event)) {
-        const QString text = event->text();
-        control_->SetSelText(text.toStdU16String());
-        return;
-    }
-    // With Alt nothing is typed.
-    if (event->modifiers() != Qt::AltModifier || event->text().isEmpty()) {
-        QTextEdit::keyPressEvent(event);
-    }
-}
-
-void TicketEdit::keyReleaseEvent(QKeyEvent* event) {
-    QTextEdit::keyReleaseEvent(event);
-    if (!event->isAutoRepeat() && control_->OnKeyUp) {
-        control_->OnKeyUp();
-    }
-}
-
-// What an input method composes arrives without key events; it is typed like a letter.
-void TicketEdit::inputMethodEvent(QInputMethodEvent* event) {
-    const QString composed = event->commitString();
-    if (composed.isEmpty()) {
-        QTextEdit::inputMethodEvent(event);
-        return;
-    }
-    QInputMethodEvent finish;  // takes the text being composed off the screen
-    QTextEdit::inputMethodEvent(&finish);
-    QKeyEvent typed(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, composed);
-    HandleKey(&typed, composed == QLatin1String(" ") ? KeySpace : KeyOther);
-    if (control_->OnKeyUp) {
-        control_->OnKeyUp();
-    }
-    event->accept();
 }
 
 void TicketEdit::mouseReleaseEvent(QMouseEvent* event) {
@@ -123,6 +26,7 @@ void TicketEdit::mouseReleaseEvent(QMouseEvent* event) {
 
 void TicketEdit::mouseDoubleClickEvent(QMouseEvent* event) {
     QTextEdit::mouseDoubleClickEvent(event);
+    control_->SelectWord(cursorForPosition(event->pos()).position());
     if (control_->OnDblClick) {
         control_->OnDblClick();
     }
@@ -140,8 +44,12 @@ QtRichTextBox::QtRichTextBox(const ControlDesign& design, QWidget* parent)
     ApplyDesign(design, widget_);
     UseWhitePaper(widget_, Qt::black);
     widget_->document()->setDefaultFont(varno::ToQt(design.font));
-    QObject::connect(widget_, &QTextEdit::cursorPositionChanged, widget_,
-                     [this] { TakeTypingFormatFromCaret(); });
+    // A caret that goes away and comes back has moved.
+    QObject::connect(widget_, &QTextEdit::cursorPositionChanged, widget_, [this] {
+        if (typing_ && typing_->at != Now()) {
+            typing_.reset();
+        }
+    });
     QObject::connect(widget_, &QTextEdit::textChanged, widget_, [this] {
         if (OnChange) {
             OnChange();
@@ -149,8 +57,15 @@ QtRichTextBox::QtRichTextBox(const ControlDesign& design, QWidget* parent)
     });
 }
 
-void QtRichTextBox::TakeTypingFormatFromCaret() {
-    typing_ = FormatBefore(*widget_->document(), widget_->textCursor().selectionEnd());
+QtRichTextBox::Moment QtRichTextBox::Now() const {
+    const QTextCursor cursor = widget_->textCursor();
+    return {widget_->document()->revision(), cursor.position(), cursor.anchor()};
+}
+
+CharFormat QtRichTextBox::TypingFormat() const {
+    return typing_ && typing_->at == Now()
+               ? typing_->format
+               : FormatBefore(*widget_->document(), widget_->textCursor().selectionEnd());
 }
 
 MarkedText QtRichTextBox::Content() const {
@@ -161,6 +76,9 @@ MarkedText QtRichTextBox::Content() const {
 void QtRichTextBox::SetContent(const MarkedText& content) {
     if (content.Empty() && !HasText()) {
         return;
+    }
+    if (!FitsEditor(SizeOf(content.Text()))) {
+        return Refuse();
     }
     QTextCursor cursor(widget_->document());
     cursor.beginEditBlock();
@@ -197,7 +115,7 @@ void QtRichTextBox::SetSelStart(int position) {
     QTextCursor cursor = widget_->textCursor();
     cursor.setPosition(ToQtPosition(*widget_->document(), position));
     widget_->setTextCursor(cursor);
-    TakeTypingFormatFromCaret();
+    typing_.reset();
 }
 
 int QtRichTextBox::SelLength() const {
@@ -209,9 +127,11 @@ void QtRichTextBox::SetSelText(std::u16string_view text) {
     if (text.empty()) {
         return;
     }
+    if (!HasRoomFor(text)) {
+        return Refuse();
+    }
     MarkedText piece;
-    piece.Append(text, typing_);
-    const CharFormat format = typing_;
+    piece.Append(text, TypingFormat());
     QTextCursor cursor = widget_->textCursor();
     // Text typed behind a step of its own would join it: then undo would take both.
     const bool asStep = std::exchange(afterStep_, false) || cursor.hasSelection();
@@ -225,23 +145,30 @@ void QtRichTextBox::SetSelText(std::u16string_view text) {
     }
     widget_->setTextCursor(cursor);
     widget_->ensureCursorVisible();
-    typing_ = format;
 }
 
 Colour QtRichTextBox::SelColor() const {
-    return widget_->textCursor().hasSelection()
-               ? FormatBefore(*widget_->document(), widget_->textCursor().selectionEnd()).colour
-               : typing_.colour;
+    const QTextCursor cursor = widget_->textCursor();
+    return cursor.hasSelection() ? FormatBefore(*widget_->document(), cursor.selectionEnd()).colour
+                                 : TypingFormat().colour;
 }
 
 void QtRichTextBox::AsOneStep(const std::function<void()>& change) {
     QTextCursor cursor(widget_->document());
     cursor.beginEditBlock();
     change();
-    const CharFormat format = typing_;  // what the change left, whatever the caret reports now
     cursor.endEditBlock();
-    typing_ = format;
     afterStep_ = true;
+}
+
+void QtRichTextBox::SelectWord(int qtPosition) {
+    const QTextDocument& document = *widget_->document();
+    const int place = ToMarkedPosition(document, qtPosition);
+    const TextRange word = WordAt(Content(), static_cast<std::size_t>(place));
+    QTextCursor cursor = widget_->textCursor();
+    cursor.setPosition(ToQtPosition(document, static_cast<int>(word.start)));
+    cursor.setPosition(ToQtPosition(document, static_cast<int>(word.end)), QTextCursor::KeepAnchor);
+    widget_->setTextCursor(cursor);
 }
 
 MarkedText QtRichTextBox::Selection() const {
@@ -249,7 +176,39 @@ MarkedText QtRichTextBox::Selection() const {
     return ReadMarked(*widget_->document(), cursor.selectionStart(), cursor.selectionEnd());
 }
 
+bool QtRichTextBox::HasRoomFor(std::u16string_view text) const {
+    const QTextDocument& document = *widget_->document();
+    const QTextCursor cursor = widget_->textCursor();
+    const int replacedBreaks = document.findBlock(cursor.selectionEnd()).blockNumber() -
+                               document.findBlock(cursor.selectionStart()).blockNumber();
+    const int breaks = document.blockCount() - 1 - replacedBreaks;
+    const int characters =
+        document.characterCount() - 1 - (cursor.selectionEnd() - cursor.selectionStart()) + breaks;
+    TextSize size = SizeOf(text);
+    size.characters += static_cast<std::size_t>(characters);
+    size.lineBreaks += static_cast<std::size_t>(breaks);
+    return FitsEditor(size);
+}
+
+void QtRichTextBox::Refuse() {
+    if (keyHeld_) {
+        return;
+    }
+    const auto say = [this] {
+        if (OnRefused) {
+            OnRefused(TooLongForATicket);
+        }
+    };
+    QMetaObject::invokeMethod(widget_, say, Qt::QueuedConnection);
+}
+
 void QtRichTextBox::Paste(const MarkedText& text) {
+    if (text.Empty()) {
+        return;
+    }
+    if (!HasRoomFor(text.Text())) {
+        return Refuse();
+    }
     QTextCursor cursor = widget_->textCursor();
     cursor.beginEditBlock();
     cursor.removeSelectedText();

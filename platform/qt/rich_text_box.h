@@ -3,9 +3,9 @@
 #pragma once
 
 #include <QTextEdit>
+#include <optional>
 
 #include "platform/qt/control_base.h"
-#include "platform/qt/focus_framed.h"
 #include "platform/rich_text.h"
 
 namespace varno {
@@ -13,7 +13,7 @@ namespace varno {
 class QtRichTextBox;
 
 // The widget: hands keys and clicks to the program first, then carries out what it decided.
-class TicketEdit final : public FocusFramed<QTextEdit> {
+class TicketEdit final : public QTextEdit {
   public:
     TicketEdit(QtRichTextBox* control, QWidget* parent);
 
@@ -31,8 +31,14 @@ class TicketEdit final : public FocusFramed<QTextEdit> {
 
   private:
     void HandleKey(QKeyEvent* event, int keyCode);
+    KeyFate AskProgram(int keyCode, int shift) const;
+    void Type(const QString& text);
     // The control's own handling of a key that the program let pass.
     void ApplyKey(QKeyEvent* event);
+    // Delete or Backspace, and the plain ones that follow it.
+    void ApplyRepeatedKey(QKeyEvent* event, int keyCode);
+    // The toolkit's keys that go further than a character; false for any other key.
+    bool ApplyReachingKey(const QKeyEvent& event);
 
     QtRichTextBox* control_;
 };
@@ -49,21 +55,42 @@ class QtRichTextBox final : public QtControl<RichTextBox, TicketEdit> {
     void SetSelStart(int position) override;
     int SelLength() const override;
     void SetSelText(std::u16string_view text) override;
-    CharFormat TypingFormat() const override { return typing_; }
-    void SetTypingFormat(const CharFormat& format) override { typing_ = format; }
+    CharFormat TypingFormat() const override;
+    void SetTypingFormat(const CharFormat& format) override { typing_ = {format, Now()}; }
     Colour SelColor() const override;
     void AsOneStep(const std::function<void()>& change) override;
 
+    // Selects the word at a Qt position.
+    void SelectWord(int qtPosition);
     // The marked text of the selection.
     MarkedText Selection() const;
     // Replaces the selection by marked text, as one step; the caret ends behind it.
     void Paste(const MarkedText& text);
+    // Leaves a change out and says why, once the event that asked for it is done with.
+    void Refuse();
+    // While a key that is held down repeats itself, nothing is said.
+    void SetKeyHeld(bool held) { keyHeld_ = held; }
 
   private:
-    void TakeTypingFormatFromCaret();
+    // The state of the editor in which a typing format was set.
+    struct Moment {
+        int revision;
+        int position;
+        int anchor;
+        bool operator==(const Moment&) const = default;
+    };
+    struct SetFormat {
+        CharFormat format;
+        Moment at;
+    };
 
-    CharFormat typing_;
-    bool afterStep_ = false;  // the last change was a step of undo that is complete
+    Moment Now() const;
+    // Whether the editor takes the text in place of the selection.
+    bool HasRoomFor(std::u16string_view text) const;
+
+    std::optional<SetFormat> typing_;  // counts until the text, the caret or the selection changes
+    bool afterStep_ = false;           // the last change was a step of undo that is complete
+    bool keyHeld_ = false;
 };
 
 }  // namespace varno

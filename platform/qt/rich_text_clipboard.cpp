@@ -1,10 +1,16 @@
 // What the ticket editor gives to the clipboard and takes from it or from a drop: text, colour and
-// the four styles. Pictures, tables, links and fonts are left behind.
+// the four styles. Pictures, tables, links and fonts are left behind. What does not come from a
+// ticket becomes text that a ticket prints as it looks.
 #include <QMimeData>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
+#include <QTextFrame>
+#include <algorithm>
 #include <array>
+#include <optional>
 
+#include "codec/printable.h"
+#include "codec/text_limits.h"
 #include "platform/qt/marked_cursor.h"
 #include "platform/qt/measures.h"
 #include "platform/qt/rich_text_box.h"
@@ -14,40 +20,69 @@
 namespace varno {
 namespace {
 
-constexpr std::array RtfTypes{"text/rtf", "application/rtf", "text/richtext"};
+// Rich text under the program's own name comes from a ticket, and is one already.
+constexpr const char* TicketType = "application/x-varno-ticket";
+constexpr std::array RtfTypes{TicketType, "text/rtf", "application/rtf", "text/richtext"};
 
-// Pictures and tables leave these characters in the text.
-bool IsLeftBehind(char16_t c) {
-    return c == QChar::ObjectReplacementCharacter || c == u'\0';
+// In UTF-16 units: reading it takes about a second. Markup is several times as long as its text.
+constexpr qsizetype LongestSource = 8 * MostCharacters;
+
+std::u16string Decomposed(char32_t c) {
+    return QString::fromUcs4(&c, 1).normalized(QString::NormalizationForm_KD).toStdU16String();
 }
 
-MarkedText WithoutObjects(const MarkedText& text) {
-    MarkedText kept;
-    for (std::size_t i = 0; i < text.Length(); ++i) {
-        if (!IsLeftBehind(text.At(i))) {
-            kept.Append(std::u16string_view(text.Text()).substr(i, 1), text.FormatAt(i));
-        }
+std::u16string Composed(std::u16string_view text) {
+    return QStringView(text).toString().normalized(QString::NormalizationForm_C).toStdU16String();
+}
+
+MarkedText AsTicketText(const MarkedText& text) {
+    MarkedText composed;
+    for (std::size_t start = 0; start < text.Length(); start = text.RunEnd(start)) {
+        const std::size_t length = text.RunEnd(start) - start;
+        composed.Append(Composed(std::u16string_view(text.Text()).substr(start, length)),
+                        text.FormatAt(start));
     }
-    return kept;
+    return Printable(composed, Decomposed);
 }
 
-bool FromRtf(const QMimeData& source, MarkedText& text) {
+// Nothing when it is no rich text, or too long; `tooLong` is set then.
+std::optional<MarkedText> FromRtf(const QMimeData& source, bool& tooLong) {
     for (const char* type : RtfTypes) {
         const QByteArray bytes = source.data(QLatin1String(type));
-        if (!bytes.isEmpty() &&
-            !LoadMarkedText(
-                std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())),
-                text)) {
-            return true;
+        MarkedText text;
+        const Error error = LoadMarkedText({bytes.constData(), std::size_t(bytes.size())}, text);
+        if (!error) {
+            return type == TicketType ? text : AsTicketText(text);
         }
+        tooLong = tooLong || *error == TooLongForATicket;
     }
-    return false;
+    return std::nullopt;
 }
 
-MarkedText FromHtml(const QString& html) {
+// Tables read better as plain text, if there is any: cells in a row, not one below the other.
+MarkedText FromHtml(const QString& html, const MarkedText& plain) {
     QTextDocument document;
     document.setHtml(html);
-    return ReadMarked(document, 0, document.characterCount() - 1);
+    const bool hasTables = !document.rootFrame()->childFrames().isEmpty();
+    return hasTables && !plain.Empty() ? plain
+                                       : ReadMarked(document, 0, document.characterCount() - 1);
+}
+
+// What is offered, in the richest form that can be read. Nothing when it is too long. `typing` is
+// the colour that plain text takes.
+std::optional<MarkedText> Offered(const QMimeData& source, Colour typing) {
+    bool tooLong = false;
+    if (auto text = FromRtf(source, tooLong)) {
+        return text;
+    }
+    const QString html = source.html();
+    const QString text = source.text();
+    if (tooLong || std::max(html.size(), text.size()) > LongestSource) {
+        return std::nullopt;
+    }
+    MarkedText plain;
+    plain.Append(text.toStdU16String(), {typing});
+    return AsTicketText(html.isEmpty() ? plain : FromHtml(html, plain));
 }
 
 }  // namespace
@@ -58,7 +93,7 @@ QMimeData* TicketEdit::createMimeDataFromSelection() const {
     auto* offered = new QMimeData;
     offered->setText(QString::fromStdU16String(selection.Text()));
     offered->setHtml(textCursor().selection().toHtml());
-    for (const char* type : {RtfTypes[0], RtfTypes[1]}) {
+    for (const char* type : {RtfTypes[0], RtfTypes[1], RtfTypes[2]}) {
         offered->setData(QLatin1String(type), QByteArray::fromStdString(rtf));
     }
     return offered;
@@ -66,20 +101,23 @@ QMimeData* TicketEdit::createMimeDataFromSelection() const {
 
 bool TicketEdit::canInsertFromMimeData(const QMimeData* source) const {
     return source->hasText() || source->hasHtml() ||
-           source->hasFormat(QLatin1String(RtfTypes[0])) ||
-           source->hasFormat(QLatin1String(RtfTypes[1]));
+           std::any_of(RtfTypes.begin(), RtfTypes.end(), [source](const char* type) {
+               return source->hasFormat(QLatin1String(type));
+           });
 }
 
 void TicketEdit::insertFromMimeData(const QMimeData* source) {
-    MarkedText text;
-    if (!FromRtf(*source, text)) {
-        if (source->hasHtml()) {
-            text = FromHtml(source->html());
-        } else {
-            text.Append(source->text().toStdU16String(), control_->TypingFormat());
-        }
-    }
-    control_->Paste(WithoutObjects(text));
+    // Plain text is the ticket's, unless it goes into a comment.
+    const bool comment = control_->SelColor() == CommentColour;
+    const auto text = Offered(*source, comment ? CommentColour : TextColour);
+    text ? control_->Paste(*text) : control_->Refuse();
+}
+
+// Keys type what the ticket prints; a comment takes any character.
+void TicketEdit::Type(const QString& text) {
+    const std::u16string typed = text.toStdU16String();
+    const bool black = control_->TypingFormat().colour == TextColour;
+    control_->SetSelText(black ? PrintableForm(Composed(typed), Decomposed) : typed);
 }
 
 }  // namespace varno

@@ -1,44 +1,72 @@
 #include "platform/qt/simple_combo.h"
 
+#include <QCoreApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 #include <algorithm>
 
-#include "platform/qt/focus_framed.h"
 #include "platform/qt/list_box.h"
 #include "platform/qt/simple_controls.h"
 
 namespace varno {
+namespace {
+
+// Cuts an entry that is wider than the list and shows it whole as a tool tip. So no list needs a
+// scroll bar along its bottom, and lists of the same height always show as many rows.
+class CutEntries final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option,
+                   const QModelIndex& /*index*/) const override {
+        return {0, option.fontMetrics.height()};
+    }
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        const bool cut = QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+        QToolTip::showText(event->globalPos(), cut ? index.data().toString() : QString(), view);
+        return true;
+    }
+};
+
+bool WalksThroughList(const QKeyEvent& event) {
+    const int key = event.key();
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
+}
+
+}  // namespace
 
 ComboPanel::ComboPanel(QtSimpleCombo* control, QWidget* parent)
-    : QWidget(parent),
-      field(new QLineEdit(this)),
-      list(new FocusFramed<QListWidget>(this)),
-      control_(control) {
+    : QWidget(parent), field(new QLineEdit(this)), list(new RowList(this)), control_(control) {
     setFocusProxy(field);
-    list->setUniformItemSizes(true);
-    list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     field->installEventFilter(this);
-    QObject::connect(list, &QListWidget::itemSelectionChanged, this, [this] {
-        const QList<QListWidgetItem*> selected = list->selectedItems();
-        if (!selected.isEmpty()) {
-            Choose(selected.first());
-        }
-    });
-    QObject::connect(list, &QListWidget::itemPressed, this,
-                     [this](const QListWidgetItem* item) { Choose(item); });
-    QObject::connect(list, &QListWidget::itemDoubleClicked, this, [this] {
+    list->setItemDelegate(new CutEntries(list));
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    list->OnChosen = [this] { Choose(); };
+    list->OnDblClick = [this] {
         if (control_->OnDblClick) {
             control_->OnDblClick();
+        }
+    };
+    QObject::connect(list->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        if (control_->OnScroll) {
+            control_->OnScroll();
         }
     });
 }
 
-void ComboPanel::Choose(const QListWidgetItem* item) {
-    if (field->text() != item->text()) {
+// The text of a chosen entry is selected: what is typed next replaces it.
+void ComboPanel::Choose() {
+    {
         const QSignalBlocker quiet(field);
-        field->setText(item->text());
+        field->setText(list->currentItem()->text());
     }
+    field->selectAll();
     if (control_->OnClick) {
         control_->OnClick();
     }
@@ -50,20 +78,10 @@ void ComboPanel::resizeEvent(QResizeEvent* /*event*/) {
     list->setGeometry(WholeRows(*list, QRect(0, fieldHeight, width(), height() - fieldHeight)));
 }
 
-// The arrow keys in the field walk through the list.
 bool ComboPanel::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        const int row = list->currentRow();
-        const int last = list->count() - 1;
-        if (key->key() == Qt::Key_Down && last >= 0) {
-            list->setCurrentRow(std::min(row + 1, last));
-            return true;
-        }
-        if (key->key() == Qt::Key_Up && last >= 0) {
-            list->setCurrentRow(std::max(row - 1, 0));
-            return true;
-        }
+    if (event->type() == QEvent::KeyPress && WalksThroughList(*static_cast<QKeyEvent*>(event))) {
+        QCoreApplication::sendEvent(list, event);
+        return true;
     }
     return QWidget::eventFilter(watched, event);
 }
@@ -113,23 +131,45 @@ std::string QtSimpleCombo::List(int index) const {
     return item == nullptr ? std::string() : FromQt(item->text());
 }
 
-void QtSimpleCombo::FollowText() {
-    const QSignalBlocker quiet(widget_->list);
+void QtSimpleCombo::SetText(const std::string& text) {
+    if (Text() == text) {
+        FollowText();
+    } else {
+        widget_->field->setText(ToQt(text));
+    }
+}
+
+void QtSimpleCombo::SetFocus() {
+    QtControl::SetFocus();
+    widget_->field->selectAll();
+}
+
+// Of equal entries the one that was chosen stays so.
+QListWidgetItem* QtSimpleCombo::EntryOfText() const {
     const QString text = widget_->field->text();
-    const QListWidgetItem* current = widget_->list->currentItem();
+    QListWidgetItem* current = widget_->list->currentItem();
     if (current != nullptr && current->text() == text) {
-        return;
+        return current;
     }
     const auto exact = widget_->list->findItems(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (!exact.isEmpty()) {
-        widget_->list->setCurrentItem(exact.first());
+    return exact.isEmpty() ? nullptr : exact.first();
+}
+
+void QtSimpleCombo::FollowText() {
+    RowList* list = widget_->list;
+    const QSignalBlocker quiet(list);
+    if (QListWidgetItem* entry = EntryOfText()) {
+        list->setCurrentItem(entry);
+        list->scrollToItem(entry);
         return;
     }
-    widget_->list->clearSelection();
-    widget_->list->setCurrentItem(nullptr);
-    const auto starting = widget_->list->findItems(text, Qt::MatchStartsWith);
-    if (!text.isEmpty() && !starting.isEmpty()) {
-        widget_->list->scrollToItem(starting.first(), QAbstractItemView::PositionAtTop);
+    list->clearSelection();
+    const QString text = widget_->field->text();
+    const auto starting = list->findItems(text, Qt::MatchStartsWith);
+    QListWidgetItem* nearest = text.isEmpty() || starting.isEmpty() ? nullptr : starting.first();
+    list->setCurrentItem(nearest, QItemSelectionModel::NoUpdate);
+    if (nearest != nullptr) {
+        list->scrollToItem(nearest, QAbstractItemView::PositionAtTop);
     }
 }
 

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <QLineEdit>
-#include <QListWidget>
+#include <QScrollBar>
 
 #include "platform/qt/control_base.h"
+#include "platform/qt/row_list.h"
 
 namespace varno {
 
@@ -16,14 +17,14 @@ class ComboPanel final : public QWidget {
     ComboPanel(QtSimpleCombo* control, QWidget* parent);
 
     QLineEdit* field;
-    QListWidget* list;
+    RowList* list;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void Choose(const QListWidgetItem* item);
+    void Choose();
 
     QtSimpleCombo* control_;
 };
@@ -33,12 +34,16 @@ class QtSimpleCombo final : public QtControl<SimpleCombo, ComboPanel> {
     QtSimpleCombo(const ControlDesign& design, QWidget* parent);
 
     std::string Text() const override { return FromQt(widget_->field->text()); }
-    void SetText(const std::string& text) override { widget_->field->setText(ToQt(text)); }
+    void SetText(const std::string& text) override;
+    void SetFocus() override;
     void AddItems(std::span<const std::string> items) override;
     int ListCount() const override { return widget_->list->count(); }
     std::string List(int index) const override;
+    int TopIndex() const override { return widget_->list->verticalScrollBar()->value(); }
+    void SetTopIndex(int index) override { widget_->list->verticalScrollBar()->setValue(index); }
 
   private:
+    QListWidgetItem* EntryOfText() const;  // null if the text names none
     // Selects the entry that the text names, or shows where it would stand.
     void FollowText();
 

@@ -8,6 +8,7 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QValidator>
+#include <algorithm>
 
 namespace varno {
 namespace {
@@ -141,7 +142,7 @@ void ElidingLabel::paintEvent(QPaintEvent* /*event*/) {
 QtLabel::QtLabel(const ControlDesign& design, QWidget* parent)
     : QtControl(new ElidingLabel(parent)),
       designWidth_(ToPixels(design.place.width)),
-      growsToFit_(design.growsToFit) {
+      largestWidth_(std::max(designWidth_, ToPixels(design.growsTo))) {
     ApplyDesign(design, widget_);
     widget_->setTextFormat(Qt::PlainText);
     widget_->setAlignment(ToQt(design.alignment));
@@ -155,15 +156,12 @@ QtLabel::QtLabel(const ControlDesign& design, QWidget* parent)
 
 void QtLabel::SetCaption(const std::string& caption) {
     widget_->setText(varno::ToQt(caption));
-    if (growsToFit_) {
-        GrowToFit();
+    if (largestWidth_ == designWidth_) {
+        return;
     }
-}
-
-void QtLabel::GrowToFit() {
     const int needed = widget_->fontMetrics().horizontalAdvance(widget_->text()) + 2;
+    const int width = std::clamp(needed, designWidth_, largestWidth_);
     QRect place = widget_->geometry();
-    const int width = std::max(designWidth_, needed);
     if (widget_->alignment().testFlag(Qt::AlignRight)) {
         place.setLeft(place.right() - width + 1);
     } else {

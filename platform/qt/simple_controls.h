@@ -35,10 +35,8 @@ class QtLabel final : public QtControl<Label, ElidingLabel> {
     void Repaint() override { widget_->repaint(); }
 
   private:
-    void GrowToFit();
-
-    int designWidth_;  // pixels
-    bool growsToFit_;
+    int designWidth_;   // pixels
+    int largestWidth_;  // pixels
 };
 
 class QtButton final : public QtControl<Button, FaceButton> {

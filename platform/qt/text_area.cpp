@@ -1,10 +1,14 @@
 #include "platform/qt/text_area.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QTextBlock>
+#include <QMimeData>
 #include <algorithm>
 
 #include "codec/windows1252.h"
+#include "platform/qt/keys.h"
+#include "platform/qt/line_text.h"
+#include "platform/qt/line_view_accessible.h"
 #include "platform/qt/simple_controls.h"
 
 namespace varno {
@@ -13,62 +17,136 @@ namespace {
 constexpr int LongestText = 1 << 20;  // characters kept
 // Dropping a little more than is due keeps the next characters from dropping again.
 constexpr int DropMargin = LongestText / 16;
-// Qt lays out a whole line for each character added to it. Beyond this many the text goes on in a
-// line of its own, which is marked so that Text() knows.
-constexpr int LongestLine = 1024;
-constexpr int GoesOn = 1;  // QTextBlock::userState
 
-void InsertInLines(QTextCursor& cursor, const QString& text) {
-    for (qsizetype at = 0; at < text.size();) {
-        const qsizetype room = LongestLine - cursor.positionInBlock();
-        if (room <= 0 && text.at(at) != u'\r' && text.at(at) != u'\n') {
-            cursor.insertBlock();
-            cursor.block().setUserState(GoesOn);
-            continue;
+char16_t AsOnTheLine(QChar character) {
+    return FromWindows1252(ToWindows1252(character.unicode()));
+}
+
+// Those characters of a typed text that the line can carry. Composed letters have a code of their
+// own; the code 0 is none.
+QString CharactersOfTheLine(const QString& text) {
+    QString kept;
+    for (const QChar character : text.normalized(QString::NormalizationForm_C)) {
+        if (!character.isNull() && AsOnTheLine(character) == character) {
+            kept += character;
         }
-        const qsizetype lineEnd = text.indexOf(u'\n', at);
-        const qsizetype line = (lineEnd < 0 ? text.size() : lineEnd + 1) - at;
-        qsizetype taken = std::min(line, std::max<qsizetype>(room, 1));
-        if (taken + 1 == line && lineEnd >= 0) {
-            taken = line;  // a line break stays in one piece
-        }
-        cursor.insertText(text.mid(at, taken));
-        at += taken;
     }
+    return kept;
+}
+
+// What the text of a key puts into the view; its control characters have effects of their own.
+QString Visible(const QString& typed) {
+    if (typed == u"\r") {
+        return QStringLiteral("\r\n");
+    }
+    QString visible = typed;
+    visible.removeIf([](QChar character) { return !character.isPrint(); });
+    return visible;
+}
+
+bool HasCharacter(const QKeyEvent& event) {
+    const int key = event.key();
+    const QString text = event.text();
+    const bool movesFocus = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    // Delete has a text, but is no character; Ctrl makes control characters only.
+    return !text.isEmpty() && !movesFocus && key != Qt::Key_Delete &&
+           (IsTyping(event) || !text.at(0).isPrint());
 }
 
 }  // namespace
 
-LineView::LineView(TextArea* control, QWidget* parent) : FocusFramed(parent), control_(control) {
+LineView::LineView(TextArea* control, QWidget* parent) : QPlainTextEdit(parent), control_(control) {
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
+    MakeLineViewAccessible(this);
 }
 
 bool LineView::event(QEvent* event) {
     // Every key that makes a character is the line's, none is a shortcut.
-    if (event->type() == QEvent::ShortcutOverride &&
-        !static_cast<QKeyEvent*>(event)->text().isEmpty() &&
-        !static_cast<QKeyEvent*>(event)->modifiers().testFlag(Qt::AltModifier)) {
-        event->accept();
-        return true;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (!key.text().isEmpty() && !IsCommand(key)) {
+            event->accept();
+            return true;
+        }
     }
-    return FocusFramed::event(event);
+    return QPlainTextEdit::event(event);
 }
 
 void LineView::keyPressEvent(QKeyEvent* event) {
-    const QString text = event->text();
-    const bool movesFocus = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
-    const bool deletes = event->key() == Qt::Key_Delete;  // has a character, but sends none
-    if (!text.isEmpty() && !movesFocus && !deletes && control_->OnKeyPress) {
-        for (const QChar character : text) {
-            const unsigned char code = ToWindows1252(character.unicode());
-            if (code != 0) {
-                control_->OnKeyPress(code);
-            }
+    if (IsCommand(*event) && !event->text().isEmpty()) {
+        event->ignore();
+        return;
+    }
+    if (!HasCharacter(*event)) {
+        StepOverJoint(event->key());
+        QPlainTextEdit::keyPressEvent(event);
+        return;
+    }
+    Type(event->text());
+    if (Visible(event->text()).isEmpty()) {
+        StepOverJoint(event->key());
+        QPlainTextEdit::keyPressEvent(event);
+    }
+}
+
+// What dead keys and input methods compose comes without key events.
+void LineView::inputMethodEvent(QInputMethodEvent* event) {
+    if (!event->commitString().isEmpty()) {
+        QInputMethodEvent finish;  // takes the text being composed off the screen
+        QPlainTextEdit::inputMethodEvent(&finish);
+        Type(event->commitString());
+    }
+    QInputMethodEvent composing(event->preeditString(), event->attributes());
+    QPlainTextEdit::inputMethodEvent(&composing);
+}
+
+void LineView::Type(const QString& text) {
+    const QString typed = CharactersOfTheLine(text);
+    for (const QChar character : typed) {
+        if (control_->OnKeyPress) {
+            control_->OnKeyPress(ToWindows1252(character.unicode()));
         }
     }
-    QPlainTextEdit::keyPressEvent(event);
+    Insert(Visible(typed));
+}
+
+void LineView::Insert(const QString& text) {
+    if (!text.isEmpty()) {
+        QTextCursor cursor = textCursor();
+        InsertLineText(cursor, text);
+        setTextCursor(cursor);
+        ensureCursorVisible();
+    }
+}
+
+// A key that deletes takes the character behind a joint, not the joint.
+void LineView::StepOverJoint(int key) {
+    QTextCursor cursor = textCursor();
+    const int position = cursor.position();
+    if (cursor.hasSelection()) {
+        return;
+    }
+    if (key == Qt::Key_Backspace && IsJoint(*document(), position - 1)) {
+        cursor.movePosition(QTextCursor::PreviousCharacter);
+    } else if (key == Qt::Key_Delete && IsJoint(*document(), position)) {
+        cursor.movePosition(QTextCursor::NextCharacter);
+    }
+    setTextCursor(cursor);
+}
+
+QMimeData* LineView::createMimeDataFromSelection() const {
+    const QTextCursor cursor = textCursor();
+    auto* copied = new QMimeData;
+    copied->setText(LineText(*document(), cursor.selectionStart(), cursor.selectionEnd()));
+    return copied;
+}
+
+void LineView::insertFromMimeData(const QMimeData* source) {
+    QString text = source->text().left(LongestText);
+    std::transform(text.begin(), text.end(), text.begin(), AsOnTheLine);
+    Insert(text);
 }
 
 QtTextArea::QtTextArea(const ControlDesign& design, QWidget* parent)
@@ -76,37 +154,20 @@ QtTextArea::QtTextArea(const ControlDesign& design, QWidget* parent)
     ApplyDesign(design, widget_);
 }
 
-std::string QtTextArea::Text() const {
-    std::string bytes;
-    for (QTextBlock line = widget_->document()->begin(); line.isValid(); line = line.next()) {
-        if (line.blockNumber() > 0 && line.userState() != GoesOn) {
-            bytes += "\r\n";
-        }
-        for (const QChar character : line.text()) {
-            bytes += static_cast<char>(ToWindows1252(character.unicode()));
-        }
-    }
-    return bytes;
-}
-
 void QtTextArea::Clear() {
-    widget_->clear();
+    QTextCursor all(widget_->document());
+    all.select(QTextCursor::Document);
+    all.removeSelectedText();
 }
 
 void QtTextArea::Append(std::string_view bytes) {
-    if (bytes.empty()) {
-        return;
-    }
     // A line break may arrive in two pieces: its CR has broken the line already.
-    if (endsInCr_ && bytes.front() == '\n') {
+    if (bytes.starts_with('\n') && CompleteLineBreak(*widget_->document())) {
         bytes.remove_prefix(1);
     }
-    endsInCr_ = !bytes.empty() && bytes.back() == '\r';
     QTextCursor end(widget_->document());
     end.movePosition(QTextCursor::End);
-    end.beginEditBlock();
-    InsertInLines(end, QString::fromStdU16String(FromWindows1252(bytes)));
-    end.endEditBlock();
+    InsertLineText(end, QString::fromStdU16String(FromWindows1252(bytes)));
     DropOldest();
     end.movePosition(QTextCursor::End);
     widget_->setTextCursor(end);

@@ -4,19 +4,27 @@
 #include <QPlainTextEdit>
 
 #include "platform/qt/control_base.h"
-#include "platform/qt/focus_framed.h"
 
 namespace varno {
 
-class LineView final : public FocusFramed<QPlainTextEdit> {
+// Shows, takes and gives the characters of the line, and no others.
+class LineView final : public QPlainTextEdit {
   public:
     LineView(TextArea* control, QWidget* parent);
 
   protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    void insertFromMimeData(const QMimeData* source) override;
 
   private:
+    // Sends the characters, and puts those that show into the place of the selection.
+    void Type(const QString& text);
+    void Insert(const QString& text);
+    void StepOverJoint(int key);
+
     TextArea* control_;
 };
 
@@ -24,14 +32,11 @@ class QtTextArea final : public QtControl<TextArea, LineView> {
   public:
     QtTextArea(const ControlDesign& design, QWidget* parent);
 
-    std::string Text() const override;
     void Clear() override;
     void Append(std::string_view bytes) override;
 
   private:
     void DropOldest();
-
-    bool endsInCr_ = false;  // the text appended last
 };
 
 }  // namespace varno

@@ -1,6 +1,7 @@
 // One converter of the system, from a code page to UTF-16.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -19,11 +20,7 @@ class CodePageDecoder::Converter {
     void Append(std::u16string& text, std::string_view bytes);
 
   private:
-#ifdef _WIN32
-    unsigned codePage_;
-#else
-    void* handle_;
-#endif
+    std::intptr_t handle_;  // the system's own, or the code page where it needs none
 };
 
 }  // namespace varno

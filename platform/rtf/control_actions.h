@@ -41,11 +41,14 @@ void SetFlag(In& in, int on) {
     in.State().*Field = on != 0;
 }
 
-template <bool RtfGroupState::*Field>
-void ToggleEastAsian(In& in, int on) {
-    if (in.State().eastAsian) {
-        in.State().*Field = on != 0;
-    }
+template <RtfWriting Named>
+void Writing(In& in, int) {
+    in.State().writing = Named;
+}
+
+template <bool RtfEmphasis::*Field>
+void ToggleAssociated(In& in, int on) {
+    in.State().associated[in.State().writing].*Field = on != 0;
 }
 
 inline void NoUnderline(In& in, int) {
@@ -62,9 +65,8 @@ inline void Plain(In& in, int) {
     state.style.link = link;
     state.hidden = false;
     state.deleted = false;
-    state.eastAsian = false;
-    state.eastAsianBold = false;
-    state.eastAsianItalic = false;
+    state.writing = Western;
+    state.associated = {};
     in.ApplyDefaultFont();
 }
 
@@ -228,13 +230,18 @@ inline void NestedTableProperties(In& in, int) {
     in.State().nestedRowFormat = true;
 }
 
-// Text twice, in bytes and then in Unicode.
-inline void TextWithAlternative(In& in, int) {
-    in.State().alternative = in.State().destination;
-    in.State().destination = RtfDestination::Skipped;
+// Text twice, in bytes and then in Unicode; drawings, which may hold each other and text.
+inline void SkipButAPart(In& in, int) {
+    const RtfGroupState around = in.State();
+    in.Enter(RtfDestination::Skipped);
+    const bool shown = around.destination != RtfDestination::Skipped;
+    in.State().shownPart = shown ? around.destination : around.shownPart;
 }
-inline void UnicodeAlternative(In& in, int) {
-    in.State().destination = in.State().alternative;
+inline void ShowPart(In& in, int) {
+    in.State().destination = in.State().shownPart;
+}
+inline void ShowBox(In& in, int) {
+    in.EnterBox();
 }
 
 template <RtfPictureKind Kind>
@@ -252,7 +259,6 @@ inline constexpr auto Underline = Toggle<&RtfStyle::underline>;
 inline constexpr auto Strike = Toggle<&RtfStyle::strikeThrough>;
 inline constexpr auto Foreground = SetColour<&RtfStyle::colour>;
 inline constexpr auto Background = SetColour<&RtfStyle::background>;
-inline constexpr auto EastAsian = SetFlag<&RtfGroupState::eastAsian>;
 inline constexpr auto TableBorder = SetFlag<&RtfGroupState::tableBorder>;
 
 }  // namespace varno::rtf_actions

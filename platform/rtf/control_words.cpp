@@ -16,6 +16,9 @@ struct WordRow {
     RtfControlWord word;
 };
 
+template <char16_t Unit>
+constexpr RtfControlWord Sign = {Character<Unit>, 0, true};
+
 constexpr WordRow Rows[] = {
     // Characters
     {"b", {Toggle<&RtfStyle::bold>, 1}},
@@ -25,10 +28,11 @@ constexpr WordRow Rows[] = {
      {Underline, 1}},
     {"ulnone", {NoUnderline}},
     {"strike striked", {Strike, 1}},
-    {"dbch", {EastAsian, 1}},
-    {"loch hich ltrch rtlch", {EastAsian}},
-    {"ab", {ToggleEastAsian<&RtfGroupState::eastAsianBold>, 1}},
-    {"ai", {ToggleEastAsian<&RtfGroupState::eastAsianItalic>, 1}},
+    {"dbch", {Writing<EastAsian>}},
+    {"rtlch", {Writing<Complex>}},
+    {"loch hich ltrch", {Writing<Western>}},
+    {"ab", {ToggleAssociated<&RtfEmphasis::bold>, 1}},
+    {"ai", {ToggleAssociated<&RtfEmphasis::italic>, 1}},
     {"super", {SetScript<RtfScript::Superscript>, 1}},
     {"sub", {SetScript<RtfScript::Subscript>, 1}},
     {"up", {SetScript<RtfScript::Superscript>, 6}},
@@ -44,22 +48,22 @@ constexpr WordRow Rows[] = {
     {"uc", {UnicodeSkip, 1}},
     {"tab", {Character<u'\t'>}},
     {"line lbr", {LineBreakWord}},
-    {"emdash", {Character<u'\u2014'>}},
-    {"endash", {Character<u'\u2013'>}},
-    {"emspace", {Character<u'\u2003'>}},
-    {"enspace", {Character<u'\u2002'>}},
-    {"qmspace", {Character<u'\u2005'>}},
-    {"bullet", {Character<u'\u2022'>}},
-    {"lquote", {Character<u'\u2018'>}},
-    {"rquote", {Character<u'\u2019'>}},
-    {"ldblquote", {Character<u'\u201C'>}},
-    {"rdblquote", {Character<u'\u201D'>}},
-    {"ltrmark", {Character<u'\u200E'>}},
-    {"rtlmark", {Character<u'\u200F'>}},
-    {"zwj", {Character<u'\u200D'>}},
-    {"zwnj", {Character<u'\u200C'>}},
-    {"zwbo", {Character<u'\u200B'>}},
-    {"zwnbo", {Character<u'\u2060'>}},
+    {"emdash", Sign<u'\u2014'>},
+    {"endash", Sign<u'\u2013'>},
+    {"emspace", Sign<u'\u2003'>},
+    {"enspace", Sign<u'\u2002'>},
+    {"qmspace", Sign<u'\u2005'>},
+    {"bullet", Sign<u'\u2022'>},
+    {"lquote", Sign<u'\u2018'>},
+    {"rquote", Sign<u'\u2019'>},
+    {"ldblquote", Sign<u'\u201C'>},
+    {"rdblquote", Sign<u'\u201D'>},
+    {"ltrmark", Sign<u'\u200E'>},
+    {"rtlmark", Sign<u'\u200F'>},
+    {"zwj", Sign<u'\u200D'>},
+    {"zwnj", Sign<u'\u200C'>},
+    {"zwbo", Sign<u'\u200B'>},
+    {"zwnbo", Sign<u'\u2060'>},
     // Paragraphs
     {"par", {EndParagraph}},
     {"page column sect", {BreakPage}},
@@ -118,13 +122,14 @@ constexpr WordRow Rows[] = {
     {"listtext pntext", {Enter<RtfDestination::Label>}},
     {"fldinst", {Enter<RtfDestination::FieldInstruction>}},
     {"pict", {Enter<RtfDestination::Picture>}},
-    {"upr", {TextWithAlternative}},
-    {"ud", {UnicodeAlternative}},
-    {"fldrslt result shppict", {Stay}},
+    {"upr shp shpgrp do", {SkipButAPart}},
+    {"ud", {ShowPart}},
+    {"shptxt dptxbxtext", {ShowBox}},
+    {"fldrslt result shppict shpinst", {Stay}},
     {"stylesheet filetbl revtbl listtable listoverridetable info header headerl headerr headerf "
      "footer footerl footerr footerf footnote ftnsep ftnsepc ftncn aftnsep aftnsepc aftncn "
      "annotation atnid atnauthor atntime atnref atnicn objdata objclass objname objalias objsect "
-     "nonshppict shp do xe tc tcn rxe txe bkmkstart bkmkend template private",
+     "nonshppict shprslt xe tc tcn rxe txe bkmkstart bkmkend template private",
      {Skip}},
     // Pictures
     {"pngblip", {PictureKind<RtfPictureKind::Png>}},

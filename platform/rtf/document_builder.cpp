@@ -38,6 +38,7 @@ bool OnlyEndsCell(const std::vector<RtfBlock>& blocks, const RtfParagraph& parag
 
 void RtfDocumentBuilder::AddText(std::u16string_view text, const RtfStyle& style) {
     AddTo(paragraph_.runs, text, style);
+    length_ += text.size();
 }
 
 void RtfDocumentBuilder::AddLabel(std::u16string_view text, const RtfStyle& style) {
@@ -103,6 +104,7 @@ void RtfDocumentBuilder::CloseCell() {
     RtfCell cell;
     cell.blocks = std::exchange(level.blocks, {});
     level.cells.push_back(std::move(cell));
+    ++length_;
 }
 
 void RtfDocumentBuilder::CloseRow() {
@@ -115,6 +117,7 @@ void RtfDocumentBuilder::CloseRow() {
 void RtfDocumentBuilder::EndParagraph(int level, const RtfParagraphFormat& format,
                                       const RtfStyle& mark) {
     GoTo(level);
+    length_ += LineBreak.size();
     paragraph_.format = format;
     paragraph_.mark = mark;
     levels_.back().blocks.push_back({std::exchange(paragraph_, {})});
@@ -140,6 +143,20 @@ void RtfDocumentBuilder::EndRow(int level, const RtfParagraphFormat& format, con
     CloseRow();
 }
 
+void RtfDocumentBuilder::BeginBox(int level) {
+    GoTo(level);
+    aroundBoxes_.push_back(std::exchange(paragraph_, {}));
+}
+
+void RtfDocumentBuilder::EndBox(int level, const RtfParagraphFormat& format, const RtfStyle& mark) {
+    if (ParagraphHasContent()) {
+        EndParagraph(level, format, mark);
+    }
+    GoTo(level);
+    paragraph_ = std::move(aroundBoxes_.back());
+    aroundBoxes_.pop_back();
+}
+
 RtfRowFormat& RtfDocumentBuilder::RowFormat(int level) {
     // A row format stands before its row: the table may be open, deeper ones stay so.
     const auto needed = static_cast<std::size_t>(std::clamp(level, 1, DeepestLevel)) + 1;
@@ -148,6 +165,9 @@ RtfRowFormat& RtfDocumentBuilder::RowFormat(int level) {
 }
 
 void RtfDocumentBuilder::Finish(int level, const RtfParagraphFormat& format, const RtfStyle& mark) {
+    while (!aroundBoxes_.empty()) {
+        EndBox(level, format, mark);
+    }
     if (ParagraphHasContent()) {
         EndParagraph(level, format, mark);
     }

@@ -1,6 +1,7 @@
 // Puts a document together from paragraphs, cells and rows as they end.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -37,12 +38,19 @@ class RtfDocumentBuilder {
     // The label went on to the end of the paragraph: what stands behind its tab, or all of it, is
     // text.
     void SplitLabel();
+    // The UTF-16 units of the text so far; the end of a paragraph counts two, that of a cell one.
+    std::size_t Length() const { return length_; }
     bool ParagraphHasContent() const { return !paragraph_.runs.empty(); }
 
     void EndParagraph(int level, const RtfParagraphFormat& format, const RtfStyle& mark);
     // From level 1 on. A cell ends its last paragraph.
     void EndCell(int level, const RtfParagraphFormat& format, const RtfStyle& mark);
     void EndRow(int level, const RtfParagraphFormat& format, const RtfStyle& mark);
+
+    // A box of text in a paragraph of this level: what comes until its end stands in front of that
+    // paragraph, on this level or deeper.
+    void BeginBox(int level);
+    void EndBox(int level, const RtfParagraphFormat& format, const RtfStyle& mark);
 
     // The format of the rows of a level, from now on.
     RtfRowFormat& RowFormat(int level);
@@ -64,7 +72,9 @@ class RtfDocumentBuilder {
 
     RtfDocument& document_;
     RtfParagraph paragraph_;
+    std::vector<RtfParagraph> aroundBoxes_;  // what was read of them so far, outermost first
     std::vector<Level> levels_;
+    std::size_t length_ = 0;
 };
 
 }  // namespace varno

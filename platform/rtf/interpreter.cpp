@@ -15,10 +15,37 @@ bool MayBeText(RtfTokenKind kind) {
     return kind == RtfTokenKind::Text || kind == RtfTokenKind::Byte || kind == RtfTokenKind::Symbol;
 }
 
-RtfStyle TextStyle(const RtfGroupState& state) {
+// What may stand in for a Unicode character in front of it.
+bool IsCharacter(const RtfToken& token) {
+    constexpr std::string_view Symbols = "\\{}~-_";
+    switch (token.kind) {
+        case RtfTokenKind::Word: {
+            const RtfControlWord* word = FindRtfControlWord(token.text);
+            return word != nullptr && word->isCharacter;
+        }
+        case RtfTokenKind::Symbol:
+            return Symbols.find(token.text) != std::string_view::npos;
+        default:
+            return token.kind == RtfTokenKind::Byte || token.kind == RtfTokenKind::Binary;
+    }
+}
+
+bool IsComplex(char16_t unit) {
+    return (unit >= 0x0590 && unit < 0x10A0) || (unit >= 0x1780 && unit < 0x18B0) ||
+           (unit >= 0xFB1D && unit < 0xFE00) || (unit >= 0xFE70 && unit < 0xFEFF);
+}
+
+// Blanks, digits and punctuation belong to the writing in front of them.
+bool IsLetter(char16_t unit) {
+    const bool punctuation = unit < 0xC0 || (unit >= 0x2000 && unit < 0x2070);
+    return !punctuation || (unit >= 'A' && unit <= 'Z') || (unit >= 'a' && unit <= 'z');
+}
+
+RtfStyle TextStyle(const RtfGroupState& state, bool complex) {
+    const RtfWriting writing = state.writing == EastAsian ? EastAsian : complex ? Complex : Western;
     RtfStyle style = state.style;
-    style.bold = style.bold || (state.eastAsian && state.eastAsianBold);
-    style.italic = style.italic || (state.eastAsian && state.eastAsianItalic);
+    style.bold = style.bold || state.associated[writing].bold;
+    style.italic = style.italic || state.associated[writing].italic;
     return style;
 }
 
@@ -31,11 +58,12 @@ RtfInterpreter::RtfInterpreter(std::string_view bytes, RtfDocument& document)
       fonts_(document.fonts),
       groups_(1) {}
 
-void RtfInterpreter::Run() {
-    while (Interpret(tokenizer_.Next())) {
+bool RtfInterpreter::Run(std::size_t longest) {
+    while (builder_.Length() <= longest && Interpret(tokenizer_.Next())) {
     }
     FlushBytes();
     builder_.Finish(Level(), State().paragraph, State().style);
+    return builder_.Length() <= longest;
 }
 
 // False at the end of the document.
@@ -76,18 +104,17 @@ bool RtfInterpreter::Interpret(const RtfToken& next) {
     return true;
 }
 
-// A piece behind a Unicode character counts as one character, but text counts by its bytes. True
-// when nothing of the token is left.
+// Behind a Unicode character text counts by its bytes. What is no character ends the replacement:
+// some writers leave it out, and nothing else must be lost with it. True when nothing of the token
+// is left.
 bool RtfInterpreter::SkipReplacement(RtfToken& token) {
-    const bool bracket =
-        token.kind == RtfTokenKind::GroupStart || token.kind == RtfTokenKind::GroupEnd;
-    if (replacementsLeft_ == 0 || bracket || token.kind == RtfTokenKind::End) {
-        replacementsLeft_ = 0;
+    if (replacementsLeft_ == 0) {
         return false;
     }
     if (token.kind != RtfTokenKind::Text) {
-        --replacementsLeft_;
-        return true;
+        const bool skipped = IsCharacter(token);
+        replacementsLeft_ = skipped ? replacementsLeft_ - 1 : 0;
+        return skipped;
     }
     const std::size_t skipped =
         std::min(token.text.size(), static_cast<std::size_t>(replacementsLeft_));
@@ -103,6 +130,7 @@ void RtfInterpreter::StartGroup() {
     }
     groups_.push_back(groups_.back());
     State().opensDestination = false;
+    State().opensBox = false;
     State().ignorable = false;
 }
 
@@ -119,6 +147,9 @@ bool RtfInterpreter::EndGroup() {
     if (closed.opensDestination) {
         EndDestination(closed.destination);
     }
+    if (closed.opensBox) {
+        builder_.EndBox(closed.boxLevel, closed.paragraph, closed.style);
+    }
     return true;
 }
 
@@ -128,9 +159,24 @@ void RtfInterpreter::Enter(RtfDestination destination) {
     }
     State().opensDestination = InBody() && destination != RtfDestination::Body;
     State().destination = InBody() ? destination : RtfDestination::Skipped;
+    State().shownPart = RtfDestination::Skipped;
     if (State().destination == RtfDestination::Picture) {
         picture_.Begin();
     }
+}
+
+void RtfInterpreter::EnterBox() {
+    if (State().shownPart != RtfDestination::Body || !Visible()) {
+        return;
+    }
+    RtfGroupState& state = State();
+    state.boxLevel = Level();
+    state.opensBox = true;
+    state.destination = RtfDestination::Body;
+    state.shownPart = RtfDestination::Skipped;
+    state.paragraph = {};
+    state.inTable = false;
+    builder_.BeginBox(state.boxLevel);
 }
 
 void RtfInterpreter::EndDestination(RtfDestination destination) {
@@ -233,7 +279,7 @@ void RtfInterpreter::AddText(std::u16string_view text) {
     switch (State().destination) {
         case RtfDestination::Body:
             if (Visible()) {
-                builder_.AddText(text, TextStyle(State()));
+                AddBodyText(text);
             }
             break;
         case RtfDestination::Label:
@@ -249,6 +295,22 @@ void RtfInterpreter::AddText(std::u16string_view text) {
             break;
         default:
             break;
+    }
+}
+
+// Each letter in the style of its writing.
+void RtfInterpreter::AddBodyText(std::u16string_view text) {
+    while (!text.empty()) {
+        std::size_t length = 0;
+        const auto staysSo = [&](char16_t unit) {
+            return !IsLetter(unit) || IsComplex(unit) == complex_;
+        };
+        while (length < text.size() && staysSo(text[length])) {
+            ++length;
+        }
+        builder_.AddText(text.substr(0, length), TextStyle(State(), complex_));
+        text.remove_prefix(length);
+        complex_ = text.empty() ? complex_ : !complex_;
     }
 }
 
@@ -279,7 +341,7 @@ void RtfInterpreter::SetDefaultCodePage(int codePage) {
 }
 
 int RtfInterpreter::Level() {
-    return State().inTable ? std::max(1, State().nesting) : 0;
+    return State().boxLevel + (State().inTable ? std::max(1, State().nesting) : 0);
 }
 int RtfInterpreter::NestedLevel() {
     return std::max(2, State().nesting);
@@ -311,18 +373,18 @@ void RtfInterpreter::BreakPage() {
 
 void RtfInterpreter::EndCell(int level) {
     if (InBody()) {
-        builder_.EndCell(level, State().paragraph, State().style);
+        builder_.EndCell(State().boxLevel + level, State().paragraph, State().style);
     }
 }
 
 void RtfInterpreter::EndRow(int level) {
     if (InBody()) {
-        builder_.EndRow(level, State().paragraph, State().style);
+        builder_.EndRow(State().boxLevel + level, State().paragraph, State().style);
     }
 }
 
 RtfRowFormat& RtfInterpreter::RowFormat() {
-    return builder_.RowFormat(State().nestedRowFormat ? NestedLevel() : 1);
+    return builder_.RowFormat(State().boxLevel + (State().nestedRowFormat ? NestedLevel() : 1));
 }
 
 }  // namespace varno

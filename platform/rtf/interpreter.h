@@ -18,8 +18,9 @@ class RtfInterpreter {
   public:
     RtfInterpreter(std::string_view bytes, RtfDocument& document);
 
-    // Reads to the end of the document's group, or of the bytes.
-    void Run();
+    // Reads to the end of the document's group, or of the bytes; false if it stopped before because
+    // the text is longer than `longest` units.
+    bool Run(std::size_t longest);
 
     // What control words act upon.
     RtfGroupState& State() { return groups_.back(); }
@@ -31,6 +32,9 @@ class RtfInterpreter {
     // The rest of the group goes to `destination`; a group inside one that is not the body is
     // skipped.
     void Enter(RtfDestination destination);
+    // The rest of the group is text in a drawn box, which stands in the text in front of the
+    // paragraph that it belongs to.
+    void EnterBox();
 
     void AddText(std::u16string_view text);
     void AddUnicode(int value);  // a signed UTF-16 unit, or a code point
@@ -56,6 +60,7 @@ class RtfInterpreter {
     void Word(const RtfToken& token);
     void Symbol(char symbol);
     void AddBytes(std::string_view bytes);
+    void AddBodyText(std::u16string_view text);
     void FlushBytes();
     void ReturnFromLabel();
     int Level();
@@ -72,6 +77,7 @@ class RtfInterpreter {
     std::vector<RtfGroupState> groups_;  // the first stands outside of any group
     std::size_t groupsTooDeep_ = 0;      // open ones without a state of their own
     int replacementsLeft_ = 0;           // characters that only stand in for a Unicode character
+    bool complex_ = false;               // the writing of the last letter
     int defaultFont_ = 0;
     int defaultCodePage_ = code_pages::Windows1252;
     std::string bytes_;           // of one code page, a character may be cut at their end

@@ -1,12 +1,14 @@
 #include "platform/rtf/rtf_reader.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "codec/text_limits.h"
 #include "platform/rtf/interpreter.h"
 
 namespace varno {
 
-Error ReadRtf(std::string_view bytes, RtfDocument& document) {
+Error ReadRtf(std::string_view bytes, RtfDocument& document, std::size_t longest) {
     constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
     if (bytes.starts_with(ByteOrderMark)) {
         bytes.remove_prefix(ByteOrderMark.size());
@@ -16,16 +18,25 @@ Error ReadRtf(std::string_view bytes, RtfDocument& document) {
         return "The file is not a rich text (RTF) document.";
     }
     document = {};
-    RtfInterpreter(bytes, document).Run();
+    if (!RtfInterpreter(bytes, document).Run(longest)) {
+        return TooLongForATicket;
+    }
     return std::nullopt;
 }
 
 Error LoadMarkedText(std::string_view bytes, MarkedText& text) {
+    if (bytes.size() > MostTicketFileBytes) {
+        return "The file is too long for a ticket.";
+    }
     RtfDocument document;
-    if (Error error = ReadRtf(bytes, document)) {
+    if (Error error = ReadRtf(bytes, document, MostCharacters + LineBreak.size())) {
         return error;
     }
-    text = ToMarkedText(document);
+    MarkedText read = ToMarkedText(document);
+    if (!FitsEditor(SizeOf(read.Text()))) {
+        return TooLongForATicket;
+    }
+    text = std::move(read);
     return std::nullopt;
 }
 

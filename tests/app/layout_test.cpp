@@ -32,22 +32,5 @@ TEST(Layout, FollowsTheWindow) {
     }
 }
 
-// Nothing hides behind something else, and nothing leaves the window, at any size.
-TEST(Layout, KeepsControlsApart) {
-    for (int grow = 0; grow < 20000; grow += 997) {
-        const int width = MinimumWidth + grow;
-        const int height = MinimumHeight + grow / 2;
-        const MainLayout layout = LayOutMainWindow(width, height, ListWidth);
-        EXPECT_LE(120 + layout.richTextWidth, layout.framesLeft);
-        EXPECT_LE(layout.framesLeft + 795, layout.ticketListLeft);
-        EXPECT_LE(layout.listNameRight, width - FrameWidth);
-        EXPECT_LE(layout.uploadLeft + 555, layout.downloadLeft);
-        EXPECT_LE(layout.downloadLeft + 555, width - FrameWidth);
-        EXPECT_LE(layout.transferTop + 675, height - FrameHeightWithMenu);
-        EXPECT_LE(600 + layout.richTextHeight, height - FrameHeightWithMenu);
-        EXPECT_LE(180 + layout.ticketNameWidth, layout.listNameRight - 465);
-    }
-}
-
 }  // namespace
 }  // namespace varno

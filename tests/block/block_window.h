@@ -19,6 +19,7 @@
 namespace varno {
 
 using Rows = std::vector<std::string>;
+using Events = std::vector<CommandEvent>;
 using Keys = std::array<int, KeyCount>;
 
 inline std::string Record(int number, const std::string& picture) {
@@ -42,24 +43,24 @@ struct BlockWindow {
     FakeDialogs dialogs;
     TicketBlock block;
     bool TicketChanged = false;
-    Rows log;  // announcements, in order
+    std::vector<CommandEvent> log;  // announcements, in order
+    Announce announce = [this](CommandEvent event) { log.push_back(event); };
+    std::function<void()> saveTicket;
 
     BlockControls controls{
         TicketNumber, PutButton,
         EditButton,   {&KeyAssignment[0], &KeyAssignment[1], &KeyAssignment[2], &KeyAssignment[3]},
         DeleteButton, TicketList,
         RichText,     TicketName};
-    PutCommand put{controls, dialogs, block};
-    DeleteCommand del{controls, block};
+    PutCommand put{controls, dialogs, block, announce};
+    DeleteCommand del{controls, block, announce};
     KeyAssignmentCommand keys{controls, block};
-    TicketListView view{controls, dialogs, block, TicketChanged, {"", ""}, del};
+    TicketListView view{
+        controls, dialogs, block, TicketChanged, {"", ""}, del, [this] { saveTicket(); }, announce};
 
     BlockWindow() {
         RichText.OnChange = [this] { TicketChanged = true; };
         TicketList.OnClick = [this] { view.TicketList_Click(); };
-        put.OnPutEnded = [this] { log.emplace_back("put ended"); };
-        del.OnDeleted = [this] { log.emplace_back("deleted"); };
-        view.OnListSelected = [this] { log.emplace_back("list selected"); };
     }
 
     // Loads an image as the commands that open a block do.

@@ -8,6 +8,7 @@ TEST(Image, CheckValues) {
     EXPECT_EQ(BufferCrc("abcdef"), BufferCrc("ABCDEF"));
     EXPECT_EQ(NewTicketBuffer(), ":8000" + std::string(7996, '0') + "00D492");
     EXPECT_EQ(SealTicketBuffer("08D4004100421000800000D4000000000000").substr(8001), "0027F4");
+    EXPECT_EQ(WordsOf(":08D44"), (std::vector<Word>{0x08D4, 0x4000}));  // the last one cut short
 }
 
 TEST(Image, ReadsAnythingAsSomethingDefined) {
@@ -56,19 +57,21 @@ TEST(Image, CutAtEveryLength) {
         TicketBlock cut, filled;
         cut.TicketBuffer = whole.substr(0, length);
         filled.TicketBuffer = cut.TicketBuffer + (length > 1 ? "000" : "");
-        const std::vector<int> tickets = cut.ReadTickets();
-        ASSERT_EQ(tickets, filled.ReadTickets());
+        const std::vector<int> tickets = cut.Tickets();
+        ASSERT_EQ(tickets, filled.Tickets());
+        cut.LoadKeys();
+        filled.LoadKeys();
         ASSERT_EQ(cut.KeyTicket, filled.KeyTicket);
         if (length > 200 && length < 7900) continue;  // the commands see no difference in the fill
         TicketBlock bound = cut;
-        bound.KeyTicket = {0, 212, 0, 0};
-        bound.WriteKeyWords();
-        ASSERT_EQ(bound.ReadTickets(), tickets);
+        bound.SetKeys({0, 212, 0, 0});
+        bound.LoadKeys();
+        ASSERT_EQ(bound.Tickets(), tickets);
         ASSERT_EQ(bound.KeyTicket, (Keys{0, 212, 0, 0}));
         ASSERT_EQ(bound.TicketBuffer.size(), FindEndMarker(cut.TicketBuffer) ? 8007U : length);
         if (tickets.empty()) continue;
         cut.RemoveTicketRecord(tickets.front());
-        ASSERT_EQ(cut.ReadTickets(), std::vector<int>(tickets.begin() + 1, tickets.end()));
+        ASSERT_EQ(cut.Tickets(), std::vector<int>(tickets.begin() + 1, tickets.end()));
         ASSERT_EQ(cut.TicketBuffer.size(), 8007U);
     }
 }

@@ -10,17 +10,20 @@ TEST(List, SelectionSetsTipsAndKeyButtons) {
     w.TicketList.AddItem("212");
     w.TicketList.AddItem("305  O");
     w.view.TicketList_GotFocus();  // no row selected: nothing
-    EXPECT_EQ(w.log, Rows{});
+    EXPECT_EQ(w.log, Events{});
     w.KeyAssignment[0].SetValue(true);
     w.TicketList.ClickRow(1);
     EXPECT_EQ(w.EditButton.ToolTip(), "Move ticket 305  O  to editor.");
-    EXPECT_EQ(w.KeyAssignment[1].ToolTip(), "Assign ticket 305  O  to Varno 'Start' key.");
+    for (std::size_t key = 0; key < KeyNames.size(); ++key)
+        EXPECT_EQ(w.KeyAssignment[key].ToolTip(),
+                  "Assign ticket 305  O  to Varno '" + std::string(KeyNames[key]) + "' key.");
     EXPECT_EQ(w.DeleteButton.ToolTip(), "Delete ticket 305  O  from ticket block.");
     EXPECT_EQ(w.PressedKeys(), "O");
     w.TicketList.SetListIndex(0);
     w.view.TicketList_GotFocus();
     EXPECT_EQ(w.PressedKeys(), "");
-    EXPECT_EQ(w.log, (Rows{"list selected", "list selected"}));
+    EXPECT_EQ(w.EditButton.ToolTip(), "Move ticket 212  to editor.");
+    EXPECT_EQ(w.log, (Events{CommandEvent::ListSelected, CommandEvent::ListSelected}));
     EXPECT_FALSE(w.block.BlockChanged);
 }
 
@@ -69,7 +72,7 @@ TEST(Edit, AsksWhileTheTicketIsUnsaved) {
         EditWindow w(c.text);
         w.TicketChanged = c.changed;
         int saves = 0;
-        w.view.SaveTicket = [&] { w.TicketChanged = ++saves < c.savesNeeded; };
+        w.saveTicket = [&] { w.TicketChanged = ++saves < c.savesNeeded; };
         for (const Answer answer : c.answers) w.ExpectQuestion(answer);
         w.Edit(0);
         EXPECT_EQ(w.State(), c.after);

@@ -8,9 +8,8 @@ TEST(NumberBox, TakesDigitsAndTellsOfThem) {
     std::erase_if(kept, [](char32_t c) { return !PutCommand::TicketNumber_KeyPress(c); });
     EXPECT_EQ(kept, U"\b0189");
     BlockWindow w;
-    w.put.OnNumberChanged = [&] { w.log.emplace_back("changed"); };
     w.put.TicketNumber_Change();
-    EXPECT_EQ(w.log, Rows{"changed"});
+    EXPECT_EQ(w.log, Events{CommandEvent::NumberChanged});
 }
 
 TEST(Put, OnlyNumbersFrom200To999) {
@@ -28,7 +27,7 @@ TEST(Put, OnlyNumbersFrom200To999) {
         EXPECT_EQ(w.TicketNumber.HasFocus(), !good);
         EXPECT_EQ(w.TicketList.Rows(), good ? Rows{text} : Rows{});
         EXPECT_EQ(w.block.BlockChanged, good);
-        EXPECT_EQ(w.log, Rows{"put ended"});
+        EXPECT_EQ(w.log, Events{CommandEvent::PutEnded});
     }
 }
 
@@ -74,7 +73,7 @@ TEST(Put, PutsReplacesOrRefuses) {
         EXPECT_EQ(w.block.BlockChanged, t.before != t.after);
         EXPECT_EQ(w.RichText.HasFocus(), asked != "n");
         EXPECT_EQ(w.RichText.SelLength(), asked == "n" ? 1 : 0);
-        EXPECT_EQ(w.log, asked == "n" ? Rows{} : Rows{"put ended"});
+        EXPECT_EQ(w.log, asked == "n" ? Events{} : Events{CommandEvent::PutEnded});
     }
 }
 
@@ -128,7 +127,7 @@ TEST(Delete, RemovesTheSelectedTicket) {
     EXPECT_TRUE(w.block.BlockChanged);
     EXPECT_EQ(w.PressedKeys(), "");
     EXPECT_TRUE(w.RichText.HasFocus());
-    EXPECT_EQ(w.log.back(), "deleted");
+    EXPECT_EQ(w.log.back(), CommandEvent::TicketDeleted);
 }
 
 }  // namespace

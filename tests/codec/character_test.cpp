@@ -40,7 +40,11 @@ TEST(AsciiTable, RowsStandInFixedColumns) {
 TEST(Windows1252, KnowsItsCharacters) {
     for (unsigned code = 0; code < 256; ++code)
         EXPECT_EQ(ToWindows1252(FromWindows1252(static_cast<unsigned char>(code))), code);
-    EXPECT_EQ(FromWindows1252("\x80\x85\x91\x9F\x81\xE9"), u"\u20AC\u2026\u2018\u0178\u0081\u00E9");
+    EXPECT_EQ(
+        ToUtf8(FromWindows1252("\x80\x81\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8D\x8E\x8F"
+                               "\x90\x91\x92\x93\x94\x95\x96\x97\x98\x99\x9A\x9B\x9C\x9D\x9E\x9F"
+                               "\xE9")),
+        "€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸé");
     const char16_t others[] = {0x80, 0x99, 0x100, 0x416, 0x20AD, 0xD83D, 0xFFFD};
     for (const char16_t outside : others) EXPECT_EQ(ToWindows1252(outside), '?') << int{outside};
 }
@@ -52,6 +56,14 @@ TEST(Windows1252, UpperCasesItsLetters) {
 }
 
 TEST(Utf8, GoesBothWaysAndReplacesWhatIsNone) {
+    for (unsigned point = 0; point < 0x110000; ++point) {
+        if (point >= 0xD800 && point <= 0xDFFF) continue;
+        std::u16string units = {static_cast<char16_t>(point)};
+        if (point > 0xFFFF)
+            units = {static_cast<char16_t>(0xD800 + (point - 0x10000) / 0x400),
+                     static_cast<char16_t>(0xDC00 + point % 0x400)};
+        ASSERT_EQ(FromUtf8(ToUtf8(units)), units) << point;
+    }
     const std::u16string text = u"a\u007F\u0080\u07FF\u0800\uFFFF\U00010000\U0010FFFF";
     const std::string bytes =
         "a\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";

@@ -48,7 +48,7 @@ TEST_F(Codec, EncodesWhatATicketCanCarry) {
         {"a\tb\n\x01", "00610062"},
         {"é€Ÿ\x7F", "00E90080009F007F"},
         {"\u0416\u0081\u0080", "003F0081003F"},
-        {"a\U0001F600b", "0061003F0062"},
+        {"\U0001F600b\U0001F600", "003F0062003F"},
         {"{kBIUS}x", "0078"},
         {"{m}A1234", "007B"},
         {"{m}A12{k}3", "000C0033"},
@@ -66,6 +66,14 @@ TEST_F(Codec, EncodesWhatATicketCanCarry) {
     for (const auto& [picture, body] : cases)
         EXPECT_EQ(EncodeTicket(FromPicture(picture), 999), std::string("0BE7") + body + "1000")
             << picture;
+}
+
+TEST(Encoder, KnowsWhereEachWordStands) {
+    const MarkedText ticket = FromPicture("{g}x{k}a¬\n{r}C0{r}05{g} c{m}A1234{k}{r}C9999{b}P7");
+    std::string body;
+    for (const PlacedWord& placed : EncodeBody(ticket))
+        body += WordHex(placed.word) + "@" + std::to_string(placed.position) + " ";
+    EXPECT_EQ(body, "0061@1 000D@2 000A@2 2005@5 007B@11 4007@21 ");
 }
 
 TEST_F(Codec, DecodesEveryKindOfWord) {

@@ -32,6 +32,7 @@ TEST(MemoryEditor, KeepsTheCaretInsideTheTextAndTakesItsFormat) {
     editor.Select(4, 99);
     EXPECT_EQ(editor.SelLength(), 2);
     editor.Select(1, 2);
+    EXPECT_EQ(editor.TypingFormat().colour, CommentColour);  // as on the screen
     EXPECT_EQ(editor.SelColor(), CommentColour);
     editor.SetSelStart(99);
     EXPECT_EQ(editor.SelStart(), 6);

@@ -1,6 +1,7 @@
 // Marked text as a picture that a test can show: UTF-8 with a colour letter in braces wherever the
 // format changes, and a line feed for each line break: "{r}C005{g} LINE FEED{k}\n".
-// k black, m magenta, r red, b blue, g green, x any other colour; it starts in k.
+// k black, m magenta, r red, b blue, g green, x another colour, with its number unless it is
+// 0x808000 ("{x65280}"); it starts in k.
 // Style letters may follow the colour: "{kBU}".
 #pragma once
 
@@ -25,6 +26,7 @@ inline std::string LettersOf(const CharFormat& format) {
     std::size_t colour = 0;
     while (colour + 1 < ColourLetters.size() && Colours[colour] != format.colour) ++colour;
     std::string letters(1, ColourLetters[colour]);
+    if (Colours[colour] != format.colour) letters += std::to_string(format.colour);
     if (format.bold) letters += 'B';
     if (format.italic) letters += 'I';
     if (format.underline) letters += 'U';

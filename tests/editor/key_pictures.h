@@ -103,7 +103,17 @@ inline constexpr std::array KeyPictures{
     KeyPicture{"abc|¬", "<Del>", "abc|"},
     KeyPicture{"a[bc]d", "<Del>", "a|d"},
     KeyPicture{"a[{r}C005]{k}d", "<BS>", "a|d"},
+    KeyPicture{"ab[{m}A7]", "<Del>12", "ab{k}12|"},
+    KeyPicture{"[{g}net]", "<BS>Total", "{k}Total|"},
+    KeyPicture{"{r}C005\n[{k}ab]", "<Del>7", "{r}C005\n7|"},
+    KeyPicture{"{r}C0[{k}¬\nb]", "<Del>7", "{r}C07|"},
+    KeyPicture{"a[{r}C0{g} net]{k}b", "7", "a{g}7|{k}b"},
     KeyPicture{"a[¬]\nb", "<Del>", "a|b"},
+    // What a selection leaves goes through the rules again.
+    KeyPicture{"a¬\n[b]cd", "<BS>", "a|cd"},
+    KeyPicture{"a¬\n¬\n[b¬\nc]d", "<BS>", "a¬\n|d"},
+    KeyPicture{"a¬\n[¬]\nb", "<BS>", "a|\nb"},
+    KeyPicture{"a[¬\n]¬\nb", "<Del>", "a|b"},
 };
 
 }  // namespace varno

@@ -18,16 +18,19 @@ struct EditorModel {
     FakePlatform platform;
     bool ticketChanged = false;
     InsertCommands commands{box, platform, {}};
-    TicketEditor editor{box, ticketChanged, commands};
+    TicketEditor editor{box, ticketChanged, commands, [] {}, [](CommandEvent) {}};
 
     void Press(const KeyStroke& stroke) {
         if (stroke.code == KeyNone) {
             box.SetSelStart(box.SelStart());
             return editor.RichText_Click();
         }
-        const KeyFate fate = editor.RichText_KeyDown(stroke.code, stroke.shift);
+        KeyFate fate = editor.RichText_KeyDown(stroke.code, stroke.shift);
         if (fate != KeyFate::Drop) Apply(stroke);
-        if (fate == KeyFate::PassTwice) Apply(stroke);
+        while (fate == KeyFate::PassAndRepeat) {
+            fate = editor.RichText_KeyDown(stroke.code, ShiftNone);
+            if (fate != KeyFate::Drop) Apply(stroke);
+        }
         editor.RichText_KeyUp();
     }
     void Apply(const KeyStroke& stroke) {

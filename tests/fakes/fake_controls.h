@@ -75,16 +75,14 @@ class FakeButton final : public FakeControl<Button> {
     }
 };
 
-// What is on or off.
-template <class Interface>
-class FakeSwitch : public FakeControl<Interface> {
+class FakeToggleButton final : public FakeControl<ToggleButton> {
   public:
     bool Value() const override { return on_; }
     void SetValue(bool on) override { on_ = on; }
 
     // The operator uses it, which toggles it unless said otherwise.
     void Use(const std::function<void()>& event, bool toggle = true) {
-        this->SetFocus();
+        SetFocus();
         on_ = on_ != toggle;
         Raise(event);
     }
@@ -92,56 +90,16 @@ class FakeSwitch : public FakeControl<Interface> {
   private:
     bool on_ = false;
 };
-using FakeToggleButton = FakeSwitch<ToggleButton>;
 
-class FakeCheckBox final : public FakeSwitch<CheckBox> {
-  public:
-    void Click() { Use(OnClick); }
-};
-
-// One line of text that tells of its changes.
-template <class Interface>
-class FakeField : public FakeControl<Interface> {
+class FakeTextBox final : public FakeControl<TextBox> {
   public:
     std::string Text() const override { return text_; }
     void SetText(const std::string& text) override {
         if (text_ == text) return;
         text_ = text;
-        Raise(this->OnChange);
+        Raise(OnChange);
     }
-
-  protected:
-    std::string text_;
-};
-
-class FakeTextBox final : public FakeField<TextBox> {
-  public:
     void SetSelStart(int) override {}
-
-    // Types at the end, characters of ASCII.
-    void Type(const std::string& characters) {
-        SetFocus();
-        for (const char c : characters) {
-            const bool kept = !OnKeyPress || OnKeyPress(static_cast<unsigned char>(c));
-            if (kept) SetText(text_ + c);
-        }
-    }
-};
-
-class FakeTextArea final : public FakeControl<TextArea> {
-  public:
-    std::string Text() const override { return text_; }
-    void Clear() override { text_.clear(); }
-    void Append(std::string_view bytes) override { text_ += bytes; }
-
-    // Types at the end.
-    void Type(const std::string& characters) {
-        SetFocus();
-        for (const char c : characters) {
-            Raise(OnKeyPress, static_cast<unsigned char>(c));
-            text_ += c;
-        }
-    }
 
   private:
     std::string text_;

@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "block/image.h"
-#include "platform/qt/serial_port_adapter.h"
+#include "platform/qt/serial/serial_port_adapter.h"
 #include "simulator/port_offer.h"
 #include "simulator/station.h"
 #include "tests/line/event_loop.h"
@@ -65,7 +65,7 @@ class Cable {
     }
     // What the indicator received outside a capture.
     std::string Heard() {
-        indicator.Silence();
+        indicator.ShowHeard();
         return indicator.TakeScreen();
     }
 

@@ -1,4 +1,4 @@
-// Waiting in Qt's event loop for a condition, and what that costs.
+// Waiting in Qt's event loop for a condition, and for rest.
 #pragma once
 
 #include <QCoreApplication>
@@ -21,15 +21,22 @@ inline bool WaitFor(const std::function<bool()>& condition, int deadlineMillisec
     return came;
 }
 
-// The part of a processor that this process takes while events run for so long.
-inline double ProcessorUse(int milliseconds) {
-    bool over = false;
-    QTimer::singleShot(milliseconds, [&over] { over = true; });
-    const std::clock_t before = std::clock();
-    while (!over) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+// Whether the process comes to rest: some stretch of events takes nearly none of a processor.
+// A loop that spins takes a whole one for ever; a busy machine only disturbs a stretch or two.
+inline bool ComesToRest(int milliseconds) {
+    const QDeadlineTimer deadline(10000);
+    while (!deadline.hasExpired()) {
+        bool over = false;
+        QTimer::singleShot(milliseconds, [&over] { over = true; });
+        const std::clock_t before = std::clock();
+        while (!over) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+        if ((std::clock() - before) * 1000 < CLOCKS_PER_SEC / 20 * milliseconds) {
+            return true;
+        }
     }
-    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC * 1000 / milliseconds;
+    return false;
 }
 
 }  // namespace varno

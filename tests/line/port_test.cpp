@@ -115,8 +115,8 @@ TEST_F(PortTest, DrainsUntilTheLineHasTakenAllOrTimeIsUp) {
     QElapsedTimer elapsed;
     elapsed.start();
     port->Drain();
-    EXPECT_GE(elapsed.elapsed(), 1900);
-    EXPECT_LE(elapsed.elapsed(), 4000);
+    const qint64 untilTimeWasUp = elapsed.elapsed();
+    EXPECT_GE(untilTimeWasUp, 1900);
     EXPECT_TRUE(port->PortOpen());
 
     QTimer::singleShot(0, [&] {
@@ -125,7 +125,7 @@ TEST_F(PortTest, DrainsUntilTheLineHasTakenAllOrTimeIsUp) {
     });
     elapsed.restart();
     port->Drain();
-    EXPECT_LE(elapsed.elapsed(), 1900);
+    EXPECT_LT(elapsed.elapsed(), untilTimeWasUp);
     EXPECT_TRUE(WaitFor([&] { return cable.Heard().starts_with("received 60"); }));
 }
 
@@ -133,7 +133,7 @@ TEST_F(PortTest, TakesTheFirstErrorForTheLast) {
     ASSERT_FALSE(port->OpenPort());
     cable.Cut();
     EXPECT_TRUE(WaitFor([&] { return !port->PortOpen(); }));
-    EXPECT_LT(ProcessorUse(300), 0.05);
+    EXPECT_TRUE(ComesToRest(300));
     ExpectComplaint(port->Output("x"), "gone away");
     ExpectComplaint(port->OpenPort(), "There is no COM");
 

@@ -1,47 +1,49 @@
-// Whole transfers over a pseudo-terminal, without faults.
+// Whole transfers over a pseudo-terminal, without a window: blocks come back equal, and whatever
+// happens to the line, a transfer ends and the program comes to rest.
 #include <gtest/gtest.h>
 
 #include <random>
 
+#include "link/block_transfer.h"
+#include "link/port_session.h"
 #include "tests/line/cable.h"
-#include "tests/link/link_window.h"
 
 namespace varno {
 namespace {
 
-struct TransfersTest : testing::Test {
+// A program at one end of the cable, the indicator at the other.
+struct Connection {
     Cable cable;
     std::unique_ptr<SerialControl> port = cable.MakePort();
-    LinkWindow window{*port};
+    PortSession session;
+    int shown = 0;  // percents
 
-    TransfersTest() {
+    void Open() {
+        ASSERT_EQ(port->OpenPort(), std::nullopt);
+        session = PortSession(*port);
+    }
+    void Send(const std::string& image) {
+        Open();
         // A turn for every 16th character is enough here, and saves most of the time.
-        window.platform.onDoEvents = [turn = 0]() mutable {
+        const auto doEvents = [turn = 0]() mutable {
             if (++turn % 16 == 0) {
                 QCoreApplication::processEvents();
             }
         };
+        SendBlock(image, session, {[this](int percent) { shown = percent; }, doEvents});
     }
-    void Download(const std::string& image) {
-        window.Load(image);
-        cable.indicator.StartCapture();
-        window.ExpectConfirmation(Answer::Ok);
-        window.download.Transmit_Click();
-        EXPECT_TRUE(WaitFor([&] { return cable.indicator.Memory() == image; }));
-    }
-    void StartUpload() {
-        if (window.TicketList.ListCount() > 0) {
-            window.ExpectWarning(Answer::Ok);
-        }
-        window.upload.Retrieve_Click();
-        window.log = {"nothing yet"};
-    }
-    void ExpectUpload(const std::string& image) {
+    std::string Receive() {
+        std::string image;
+        bool complete = false;
+        port->OnReceive = [&, incoming = IncomingBlock()]() mutable {
+            complete = incoming.Take(port->Input(), image).complete;
+        };
+        Open();
         cable.indicator.Transmit();
         cable.Step();
-        EXPECT_TRUE(WaitFor([this] { return !port->PortOpen(); }));
-        EXPECT_EQ(window.log.back(), "upload ended");
-        EXPECT_TRUE(window.block.TicketBuffer == image);
+        EXPECT_TRUE(WaitFor([&] { return complete; }));
+        port->ClosePort();
+        return image.substr(0, ImageLength);
     }
 };
 
@@ -55,50 +57,54 @@ std::string RandomImage(unsigned seed) {
     return SealTicketBuffer(memory);
 }
 
-TEST_F(TransfersTest, BlocksComeBackEqual) {
+TEST(Transfers, BlocksComeBackEqual) {
+    Connection ends;
     for (unsigned seed = 1; seed <= 200; ++seed) {
         SCOPED_TRACE(seed);
+        // The first time the program is faster than the line and has to wait for room.
+        ends.cable.Wire().SetSpeed(seed == 1 ? 230400 : 0);
         const std::string image = RandomImage(seed);
-        Download(image);
-        const auto rows = window.TicketList.Rows();
-        StartUpload();
-        ExpectUpload(image);
-        EXPECT_EQ(window.TicketList.Rows(), rows);
+        ends.cable.indicator.StartCapture();
+        ends.Send(image);
+        EXPECT_EQ(ends.session.Failure(), std::nullopt);
+        ends.port->ClosePort();
+        ASSERT_TRUE(WaitFor([&] { return ends.cable.indicator.Memory() == image; }));
+        EXPECT_TRUE(ends.Receive() == image);
     }
 }
 
-TEST_F(TransfersTest, UploadArrivesInWhateverPieces) {
-    const struct {
-        const char* name;
-        int speed;
-        int noises;
-        std::size_t startedBefore;  // characters of a transmission that is begun again
-    } table[] = {
-        {"as fast as it goes", 0, 0, 0},
-        {"a few characters at a time", 230400, 0, 0},
-        {"noise before", 0, 3, 0},
-        {"a restart in the middle", 0, 0, 4001},
-        {"noise and a restart", 460800, 1, 100},
-    };
-    const std::string image = RandomImage(7);
-    cable.Wire().SetSpeed(230400);  // the program is faster and has to wait for room
-    Download(image);
-    for (const auto& row : table) {
-        SCOPED_TRACE(row.name);
-        StartUpload();
-        for (int i = 0; i < row.noises; ++i) {
-            cable.indicator.SendNoise();
+enum class Fault { Cut, StallThenAbort, StallThenEnd };
+
+void SendOverFault(Fault fault, int at) {
+    Connection ends;
+    Line& wire = ends.cable.Wire();
+    fault == Fault::Cut ? wire.CutAfter(at) : wire.StallAfter(at);
+    QTimer abort;
+    QObject::connect(&abort, &QTimer::timeout, [&] {
+        if (wire.IsStalled()) {
+            fault == Fault::StallThenEnd ? ends.session.End() : void();
+            ends.port->ClosePort();
         }
-        if (row.startedBefore > 0) {
-            cable.indicator.Transmit();
-            cable.Wire().StallAfter(row.noises * NoiseLength + static_cast<int>(row.startedBefore));
-            cable.Step();
-            EXPECT_TRUE(
-                WaitFor([&] { return window.block.TicketBuffer.size() == row.startedBefore; }));
-            cable.Wire().Repair();
+    });
+    abort.start(2);
+    ends.Send(NewTicketBuffer());
+    if (fault != Fault::StallThenEnd) {
+        EXPECT_EQ(ends.shown, 100);
+        EXPECT_TRUE(ends.session.Failure() || at > 7000);  // the last characters were handed over
+    }
+    EXPECT_TRUE(WaitFor([&] { return !ends.port->PortOpen(); }));
+    EXPECT_TRUE(ComesToRest(60));
+}
+
+TEST(Transfers, EndWhateverHappensToTheLine) {
+    const std::pair<const char*, Fault> faults[] = {{"cut", Fault::Cut},
+                                                    {"stall, then Abort", Fault::StallThenAbort},
+                                                    {"stall, then end", Fault::StallThenEnd}};
+    for (const auto& [name, fault] : faults) {
+        for (const int at : {0, 1, 80, 4095, 4096, 4097, 8006, 8007, 8008, 8368}) {
+            SCOPED_TRACE(testing::Message() << name << " at " << at);
+            SendOverFault(fault, at);
         }
-        cable.Wire().SetSpeed(row.speed);
-        ExpectUpload(image);
     }
 }
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "platform/serial_control.h"
-#include "platform/serial_settings.h"
+#include "platform/serial/serial_control.h"
+#include "platform/serial/serial_settings.h"
 #include "tests/fakes/fake_controls.h"
 
 namespace varno {
@@ -37,7 +37,7 @@ class FakeSerial final : public SerialControl {
         sent += sending ? characters : "";
         return sending ? Error() : "cannot send";
     }
-    void WaitForRoom(int /*characters*/) override {}
+    void WaitForRoom(int /*characters*/) override { Raise(onWaitForRoom); }
     void Drain() override {}
     std::string Input() override { return std::exchange(arrived_, {}); }
 
@@ -50,6 +50,7 @@ class FakeSerial final : public SerialControl {
     }
 
     std::string sent;  // what the line has carried
+    std::function<void()> onWaitForRoom;
     Error openError;
     bool broken = false;
 

@@ -1,19 +1,27 @@
 #include "simulator/indicator.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <fstream>
+#include <optional>
 
 #include "block/image.h"
+#include "paper/effects_text.h"
 #include "platform/files.h"
 #include "simulator/line.h"
 #include "simulator/panel.h"
 #include "simulator/port_offer.h"
+#include "simulator/station.h"
 #include "tests/link/scratch_folder.h"
 
 namespace varno {
 namespace {
+
+using namespace std::chrono_literals;
 
 // 212: "A", a control code, CR LF, a print code, "ä", ESC; bound to Print. 640: empty.
 const std::string Image = SealTicketBuffer(
@@ -56,7 +64,8 @@ TEST(Indicator, CapturesAnImageOrSaysWhatIsWrong) {
         EXPECT_EQ(indicator.TakeScreen(), "capturing\n");
         indicator.Receive(row.line.substr(0, 3));
         indicator.Receive(row.line.substr(std::min<std::size_t>(3, row.line.size())));
-        indicator.Silence();
+        indicator.EndCapture();
+        indicator.ShowHeard();
         EXPECT_EQ(indicator.TakeScreen(), row.screen);
         EXPECT_EQ(indicator.Memory(), row.screen.starts_with(taken) ? other : Image);
     }
@@ -64,15 +73,22 @@ TEST(Indicator, CapturesAnImageOrSaysWhatIsWrong) {
 
 TEST(Indicator, ObeysItsPanel) {
     const ScratchFolder folder;
-    std::ofstream(folder.Path() + "/control") << "005 Bold on\r\n";
-    Indicator indicator(Image, {folder.Path() + "/control", folder.Path() + "/print"});
-    Panel panel(indicator, {[&](int baud) { indicator.Say("speed = " + std::to_string(baud)); },
-                            [&](int count) { indicator.Say("cut = " + std::to_string(count)); },
-                            [&](int count) { indicator.Say("stall = " + std::to_string(count)); },
-                            [&] { indicator.Say("resume"); }});
+    Effects effects;
+    ParseEffects("P007 8 \"12480\"\nP8 \"kg\"", effects);
+    Indicator indicator(Image, effects);
+    Panel panel(indicator,
+                {[&](int baud) { indicator.Say("speed = " + std::to_string(baud)); },
+                 [&](int count) { indicator.Say("cut = " + std::to_string(count)); },
+                 [&](int count) { indicator.Say("stall = " + std::to_string(count)); },
+                 [&] { indicator.Say("resume"); },
+                 [&](int count) { indicator.Say("silence = " + std::to_string(count)); }});
     const std::string block = folder.Path() + "/My block.VRB";
     const std::pair<std::string, std::string> table[] = {
-        {"p", "-- Print: ticket 212 --\nA<BOLD ON>\n<P007>\u00E4<A27>\n--\n"},
+        {"p", "-- Print: ticket 212 --\nA[C005]\n   12480\u00E4[A27]\n--\n"},
+        {"values", "P007=12480\nP008=kg\n2 print codes\n"},
+        {"values p7=99", "changed\n"},
+        {"P", "-- Print: ticket 212 --\nA[C005]\n      99\u00E4[A27]\n--\n"},
+        {"values 99", "\"99\" gives no print code a value: write P012=9999\n"},
         {"O", "no ticket is bound to Out\n"},
         {"list", "212 Print\n640\n2 tickets\n"},
         {"save " + block, "saved as " + block + "\n"},
@@ -80,6 +96,7 @@ TEST(Indicator, ObeysItsPanel) {
         {"cut 0", "cut = 0\n"},
         {"STALL  17", "stall = 17\n"},
         {"stall", "resume\n"},
+        {"silence 0", "silence = 0\n"},
         {"", ""},
     };
     for (const auto& [command, screen] : table) {
@@ -90,6 +107,8 @@ TEST(Indicator, ObeysItsPanel) {
         panel.Run(command);
         EXPECT_TRUE(indicator.TakeScreen().starts_with("not understood: ")) << command;
     }
+    EXPECT_EQ(indicator.TakePaper(),
+              "A[C005]\n   12480\u00E4[A27]\nA[C005]\n      99\u00E4[A27]\n");
     std::string saved;
     EXPECT_EQ(ReadFile(block, saved), std::nullopt);
     EXPECT_EQ(saved, Image + "\r\n");
@@ -121,24 +140,84 @@ TEST(Line, CarriesAtItsSpeed) {
     EXPECT_TRUE(line.IsFull(Direction::ToIndicator));
 }
 
+// The program's end of the cable. It goes as a killed program does, giving nothing back.
+struct Opened {
+    explicit Opened(const std::string& device)
+        : handle(::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {}
+    ~Opened() { ::close(handle); }
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+
+    const int handle;
+};
+
+TEST(Station, EndsACaptureAfterASilenceAndServesTheNextProgram) {
+    Indicator indicator(Image, {});
+    Station station(indicator);
+    std::string device;
+    station.OnPlugged = [&](const std::string& plugged) { device = plugged; };
+    const Line::Time start{std::chrono::seconds(1000)};
+    station.Step(start);
+    const std::string failed = "capturing failed: only 5 of 8007 characters came\n";
+    const struct {
+        std::optional<std::chrono::seconds> silence;
+        int milliseconds;
+        std::string screen;
+    } table[] = {{{}, 9999, ""}, {{}, 10000, failed}, {20s, 19999, ""}, {0s, 999999, ""}};
+    for (const auto& row : table) {
+        station.Step(start);
+        const Opened program(device);
+        int keptByTheLast = 1;
+        ASSERT_EQ(::ioctl(program.handle, TIOCGEXCL, &keptByTheLast), 0);
+        EXPECT_EQ(keptByTheLast, 0);
+        if (row.silence) {
+            station.SetSilence(*row.silence);
+        }
+        indicator.StartCapture();
+        ASSERT_EQ(::ioctl(program.handle, TIOCEXCL), 0);
+        ASSERT_EQ(::write(program.handle, ":8000", 5), 5);
+        station.Step(start);
+        indicator.TakeScreen();
+        station.Step(start + std::chrono::milliseconds(row.milliseconds));
+        EXPECT_EQ(indicator.TakeScreen(), row.screen) << row.milliseconds;
+    }
+    indicator.Transmit();  // nobody listens
+    station.Step(start);
+    char heard = 0;
+    EXPECT_EQ(::read(Opened(device).handle, &heard, 1), -1);
+}
+
 TEST(PortOffer, TakesAFreeNumberAndCleansUp) {
     const ScratchFolder folder;
     const auto target = [&](int number) {
         return std::filesystem::read_symlink(folder.Path() + "/COM" + std::to_string(number));
     };
-    std::filesystem::create_symlink("/dev/pts/99999", folder.Path() + "/COM200");  // left behind
-    std::filesystem::create_symlink("/dev/unplugged", folder.Path() + "/COM201");  // the user's
+    const PseudoTerminal served[4];
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_EQ(::unlockpt(terminal), 0);
+    const std::pair<int, std::string> links[] = {{200, "/dev/pts/99999"},  // left behind
+                                                 {199, ::ptsname(terminal)},
+                                                 {198, served[0].Device()},
+                                                 {201, "/dev/unplugged"},  // the user's
+                                                 {202, served[3].Device()}};
+    for (const auto& [number, device] : links) {
+        std::filesystem::create_symlink(device, folder.Path() + "/COM" + std::to_string(number));
+    }
     {
         PortOffer offers[] = {{folder.Path(), 0}, {folder.Path(), 0}, {folder.Path(), 200}};
-        for (PortOffer& offer : offers) {
-            offer.Offer("/dev/null");
-            EXPECT_EQ(target(offer.Number()), "/dev/null");
+        for (std::size_t i = 0; i < std::size(offers); ++i) {
+            offers[i].Offer(served[i].Device());
+            EXPECT_EQ(target(offers[i].Number()), served[i].Device());
         }
         EXPECT_NE(offers[0].Number(), offers[1].Number());
-        EXPECT_THROW(PortOffer(folder.Path(), 201).Offer("/dev/null"), std::runtime_error);
+        for (const int taken : {201, 202}) {
+            EXPECT_THROW(PortOffer(folder.Path(), taken).Offer(served[0].Device()),
+                         std::runtime_error);
+        }
     }
     EXPECT_EQ(target(201), "/dev/unplugged");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2);
+    ::close(terminal);
 }
 
 }  // namespace

@@ -27,19 +27,12 @@ inline const std::string& Fill() {
     return fill;
 }
 
+using Events = std::vector<CommandEvent>;
+
 struct LinkWindow {
     explicit LinkWindow(SerialControl& serial) : MSComm1(serial) {
         Timer1.OnTimer = [this] { transfer.Timer1_Timer(); };
         MSComm1.OnReceive = [this] { upload.MSComm1_OnComm(); };
-        transfer.OnTransferEnded = Log("transfer ended");
-        upload.OnUploadStarted = Log("upload started");
-        upload.OnImageBegins = Log("image begins");
-        upload.OnUploadEnded = Log("upload ended");
-        download.OnDownloadStarted = Log("download started");
-    }
-
-    std::function<void()> Log(std::string entry) {
-        return [this, entry = std::move(entry)] { log.push_back(entry); };
     }
 
     void Load(const std::string& image) {
@@ -59,10 +52,6 @@ struct LinkWindow {
                                  "", Buttons::OkCancel, Icon::Exclamation},
                                 answer);
     }
-    void ExpectError(const std::string& text, const std::string& title) {
-        platform.dialogs.Expect({text, title, Buttons::Ok, Icon::Critical}, Answer::Ok);
-    }
-
     SerialControl& MSComm1;
     FakePlatform platform;
     FakeLabel Message;
@@ -70,14 +59,16 @@ struct LinkWindow {
     FakeListBox TicketList;
     FakeRichTextBox RichText;
     TicketBlock block;
-    std::vector<std::string> log;  // announcements, in order
+    Events log;  // announcements, in order
+    Announce announce = [this](CommandEvent event) { log.push_back(event); };
 
-    Transfer transfer{MSComm1, Message, Timer1};
-    Upload upload{
-        {MSComm1, Message, Timer1, TicketList, RichText}, platform.Ask(), block, transfer};
-    Download download{{MSComm1, Message, TicketList}, platform, block, transfer};
+    Transfer transfer{MSComm1, Message, Timer1, announce};
+    Upload upload{{MSComm1, Message, Timer1, TicketList, RichText},
+                  platform.Ask(),
+                  block,
+                  transfer,
+                  announce};
+    Download download{{Message, TicketList}, platform, block, transfer, announce};
 };
-
-using Entries = std::vector<std::string>;
 
 }  // namespace varno

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/serial_ports.h"
+#include "platform/serial/port_sentences.h"
 #include "tests/link/scratch_folder.h"
 
 namespace varno {

@@ -126,9 +126,15 @@ class Program:
     def rows(self, name="Tickets"):
         return [row.name for row in self.find(name, "list")]
 
+    def status_label(self):
+        return self.find_if(lambda node: node.description == "Status", "the status label")
+
     def status(self):
-        """The text of the status label."""
-        return self.find_if(lambda node: node.description == "Status", "the status label").name
+        return self.status_label().name
+
+    def status_is_shown(self):
+        """It blinks."""
+        return self.status_label().getState().contains(pyatspi.STATE_SHOWING)
 
     def await_message(self, text):
         """Waits for a message box that begins with this text."""

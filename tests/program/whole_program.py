@@ -66,6 +66,14 @@ def write_first_ticket(folder):
         program.keys("Return")
         program.await_text("Ticket editor", "Net÷5¬\n")
 
+        # Keys of this desktop that the toolkit knows, too.
+        program.keys("Up", "End", "ctrl+d")
+        program.await_text("Ticket editor", "Net÷5")
+        program.keys("Return", "Up", "ctrl+k")
+        program.await_text("Ticket editor", "¬\n")
+        program.keys("ctrl+z", "ctrl+End")
+        program.await_text("Ticket editor", "Net÷5¬\n")
+
         program.keys("alt+c")
         program.await_window("Varno Control Codes")
         program.type("005")

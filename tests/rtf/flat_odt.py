@@ -1,15 +1,19 @@
-"""Prints the text of each flat XML document of LibreOffice as one line, in the notation of
-marked_text_picture.h. Paragraphs and line breaks, the last one aside, are CR LF in plain black."""
+"""Prints the text of each flat XML document of LibreOffice in the notation of
+tests/codec/picture.h. Paragraphs and line breaks, the last one aside, are CR LF in plain black."""
 
 import re
 import sys
 import xml.etree.ElementTree as ElementTree
 
+# Hebrew, Arabic and their like with the blanks between them: these have styles of their own.
+COLOURS = {0: "k", 0xFF00FF: "m", 0xFF: "r", 0xFF0000: "b", 0xA000: "g", 0x808000: "x"}
+EMPHASIS = "font-weight", "font-style"
+COMPLEX = "([\u0590-\u08ff][\u0590-\u08ff ]*)"
 LETTERS = {  # attribute: letter of the style, value that switches it off
-    "font-weight": ("b", "normal"),
-    "font-style": ("i", "normal"),
-    "text-underline-style": ("u", "none"),
-    "text-line-through-style": ("s", "none"),
+    "font-weight": ("B", "normal"),
+    "font-style": ("I", "normal"),
+    "text-underline-style": ("U", "none"),
+    "text-line-through-style": ("S", "none"),
 }
 
 
@@ -26,10 +30,15 @@ class Document:
             for properties in style.iterfind("{*}text-properties"):
                 own.update(attributes(properties))
             self.styles[attributes(style)["name"]] = own
-        for paragraph in root.find("{*}body").iter():
-            if re.fullmatch("{.*text:.*}[ph]", paragraph.tag):
-                self.runs.append(({}, "|"))
-                self.read(paragraph, {})
+        self.read_paragraphs(root.find("{*}body"))
+
+    # The paragraphs of a box stand in front of the one that holds the box.
+    def read_paragraphs(self, around):
+        for child in around:
+            self.read_paragraphs(child)
+            if re.fullmatch("{.*text:.*}[ph]", child.tag):
+                self.runs.append(({}, "\n"))
+                self.read(child, {})
 
     def applied(self, around, name):
         style = self.styles.get(name)
@@ -37,21 +46,27 @@ class Document:
 
     def read(self, element, around):
         own = self.applied(around, attributes(element).get("style-name"))
-        text = {"s": " " * int(attributes(element).get("c", 1)), "tab": "<9>"}
+        text = {"s": " " * int(attributes(element).get("c", 1)), "tab": "\t"}
         tag = re.sub("{.*}", "", element.tag)
-        self.runs.append(({}, "|") if tag == "line-break" else (own, text.get(tag, "")))
-        self.runs.append((own, element.text or ""))
+        self.runs.append(({}, "\n") if tag == "line-break" else (own, text.get(tag, "")))
+        self.add(own, element.text or "")
         for child in element:
-            self.read(child, own)
-            self.runs.append((own, child.tail or ""))
+            if "drawing:" not in child.tag:
+                self.read(child, own)
+            self.add(own, child.tail or "")
+
+    def add(self, own, text):
+        for i, part in enumerate(re.split(COMPLEX, text)):
+            complex = {name: own.get(name + "-complex", "normal") for name in EMPHASIS if i % 2}
+            self.runs.append(({**own, **complex}, part))
 
     def picture(self):
-        shown, last = "", "[]"
+        shown, last = "", "{k}"
         for format, text in self.runs[1:]:
-            colour = format.get("color", "#000000")[1:].replace("000000", "")
+            number = int.from_bytes(bytes.fromhex(format.get("color", "#000000")[1:]), "little")
             letters = "".join(letter for name, (letter, off) in LETTERS.items()
                               if format.get(name, off) != off)
-            change = f"[{' '.join(filter(None, (colour, letters)))}]"
+            change = "{" + COLOURS.get(number, f"x{number}") + letters + "}"
             shown += change + text if text and change != last else text
             last = change if text else last
         return shown

@@ -4,7 +4,7 @@
 
 #include "platform/rtf/rtf_reader.h"
 #include "platform/rtf/rtf_writer.h"
-#include "tests/rtf/marked_text_picture.h"
+#include "tests/rtf/marked_text_samples.h"
 
 namespace varno {
 namespace {
@@ -66,7 +66,7 @@ TEST(RtfWriter, KeepsAnyText) {
         const MarkedText text = RandomText(random, Pieces, static_cast<int>(random() % 60));
         const MarkedText expected = WithBreaksIn(text);
         const MarkedText read = Read(WriteRtf(text));
-        ASSERT_EQ(Picture(read), Picture(expected)) << "text " << i << "\n" << WriteRtf(text);
+        ASSERT_EQ(ToPicture(read), ToPicture(expected)) << "text " << i << "\n" << WriteRtf(text);
         ASSERT_TRUE(read == expected);
     }
 }

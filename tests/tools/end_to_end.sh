@@ -33,43 +33,107 @@ expect 0 "212  P" list block.VRB
 expect 0 "AB" show block.VRB 212
 expect 0 "block.VRB: sound; tickets: 1, free words: 1991" check block.VRB
 
-expect 1 "varno-tickets: ticket 212 exists already; --force replaces it" put block.VRB 212 AB.VRT
-expect 1 "varno-tickets: a ticket number lies between 200 and 999" put block.VRB 199 AB.VRT
-expect 1 "varno-tickets: none.VRT: No such file or directory" put block.VRB 300 none.VRT
-expect 1 "varno-tickets: block.VRB: there is no ticket 300" delete block.VRB 300
-expect 1 "varno-tickets: AB.VRT exists already; --force replaces it" extract block.VRB 212 AB.VRT
+expect 3 "varno-tickets: ticket 212 exists already; --force replaces it" put block.VRB 212 AB.VRT
+expect 3 "varno-tickets: none.VRT: No such file or directory" put block.VRB 300 none.VRT
+expect 3 "varno-tickets: block.VRB: there is no ticket 300" delete block.VRB 300
+expect 3 "varno-tickets: AB.VRT exists already; --force replaces it" extract block.VRB 212 AB.VRT
 printf 'AB' >plain.VRT
-"$tool" put block.VRB 300 plain.VRT 2>/dev/null && failed=1
+expect 1 "varno-tickets: plain.VRT: The file is not a rich text (RTF) document." put block.VRB 300 plain.VRT
 printf '{\\rtf1 %s}' "$(printf 'A%.0s' {1..1990})" >big.VRT
-expect 1 "varno-tickets: the ticket is too big: it has 1992 words, 1991 are free" \
+expect 3 "varno-tickets: the ticket is too big: it has 1992 words, 1991 are free" \
     put block.VRB 300 big.VRT
+(ulimit -f 4 && expect 3 "varno-tickets: block.VRB: File too large" delete block.VRB 212; exit "$failed") || failed=1
 wrote block.VRB "$sound"
 
 expect 0 "" extract block.VRB 212 copy.VRT
-expect 0 "" put -f block.VRB 212 copy.VRT
+expect 0 "block.VRB: Print no longer prints ticket 212" put -f block.VRB 212 copy.VRT
 expect 0 "212" list block.VRB
 expect 0 "" put block.VRB 300 copy.VRT
 expect 0 "" bind block.VRB 212 Out
-expect 0 "" bind block.VRB 300 out
+expect 0 "block.VRB: Out no longer prints ticket 212" bind block.VRB 300 out
 expect 0 $'212\n300  O' list block.VRB
-expect 0 "" bind block.VRB 300 none
+expect 0 "block.VRB: Out no longer prints ticket 300" bind block.VRB 300 none
 expect 0 "" delete block.VRB 300
 expect 0 "" bind block.VRB 212 PRINT
 wrote block.VRB "$sound"
 
-# A damaged block is shown, but changed only when told to.
+# "-" is standard input, or output; "--" ends the options.
+expect 0 "-: sound; tickets: 1, free words: 1991" check -- - <block.VRB
+expect 0 "212  S" list - < <("$tool" bind /dev/stdin 212 Start <block.VRB 2>/dev/null)
+expect 0 "" put none.VRB 212 - <AB.VRT
+expect 0 "$(cat copy.VRT)" extract --catalogues=none none.VRB 212 /dev/stdout
+expect 2 $'varno-tickets: block and ticket cannot both come from standard input\nvarno-tickets --help tells more.' put - 212 -
+
+# Of several at once none is lost, whether the block is there already or not.
+for number in {300..307}; do
+    "$tool" put many.VRB "$number" AB.VRT &
+done
+wait
+expect 0 "$(printf '%s\n' {300..307})" list many.VRB
+
+# On paper, by the effects of a folder and the user's over them; the simulated indicator prints the same.
+export XDG_DATA_HOME="$PWD"
+mkdir VarnoTicketFormatter effects
+printf '046 nothing\nP001 8 "4711" left\nP015 "kg"\n' >'effects/Varno Code Effects.txt'
+printf 'P015 "t"\nwidth 0\n' >'VarnoTicketFormatter/Varno Code Effects.txt'
+printf '{\\rtf1{\\colortbl;;\\red255;\\blue255;}\\cf2 C46C17\\cf3 P1P15P2\\cf1 <&\\u172?}' >codes.VRT
+expect 0 "" put paper.VRB 200 codes.VRT
+expect 0 "" bind paper.VRB 200 Print
+"$tool" print --catalogues=effects paper.VRB 200 >printed 2>faults
+wrote printed '[C017]4711    t[P002]<&'
+wrote faults "varno-tickets: $PWD/VarnoTicketFormatter/Varno Code Effects.txt: line 2: width takes a number of columns from 8 to 255"
+printf 'P\nquit\n' | "$(dirname "$tool")/varno-indicator" --ports-folder ports --catalogues effects \
+    --paper paper.txt paper.VRB >/dev/null
+wrote paper.txt "$(cat printed)"
+rm -r VarnoTicketFormatter
+printf 'P015=lbs\nP001=123456789\n' >values
+expect 0 "varno-tickets: values: line 2: the value is longer than 8 columns
+[C017]47↵
+11    lb↵
+s[P002]<↵
+&" print --catalogues=effects --values values --width 8 paper.VRB 200
+expect 0 "" print --catalogues=effects --svg picture.svg paper.VRB 200
+grep --quiet '>&lt;&amp;<' picture.svg || failed=1
+expect 3 "varno-tickets: picture.svg exists already; --force replaces it" \
+    print --catalogues=effects --svg picture.svg paper.VRB 200
+expect 2 $'varno-tickets: "10000" is no width: paper has 8 to 255 columns\nvarno-tickets --help tells more.' \
+    print --width=10000 paper.VRB 200
+
+# As text, one ticket or all, and back.
+expect 0 $'Varno ticket block\norder 212:P\nticket 212\n|AB' text block.VRB
+"$tool" text block.VRB >block.txt
+expect 0 "" build block.txt again.VRB
+wrote again.VRB "$sound"
+expect 3 "varno-tickets: again.VRB exists already; --force replaces it" build block.txt again.VRB
+printf '|C{C017}¬' | sed '1s/^/ticket 999\n/' >212.txt
+expect 0 "again.VRB: Print no longer prints ticket 212" put --force again.VRB 212 212.txt
+expect 0 $'ticket 212\n|C{C017 BOLD ON}¬' text --comments --catalogues="$samples" again.VRB 212
+expect 1 $'ticket 212 differs:\n  - AB\n  + C{C017}¬\nkey Print prints 212 in block.txt, none in again.VRB' \
+    diff --catalogues=none block.txt again.VRB
+expect 0 "" diff block.VRB block.txt
+expect 1 "varno-tickets: 212.txt:1:1: The text of a block begins with the line \"Varno ticket block\"." \
+    build 212.txt new.VRB
+expect 0 "" new new.VRB
+expect 3 "varno-tickets: new.VRB exists already; --force replaces it" new new.VRB
+
+# A damaged block is read, but changed only when told to.
 printf '%s\n' "${sound/27F4/27F5}" >block.VRB
-expect 1 $'block.VRB: The checksum is 27F5, but the memory gives 27F4.\nvarno-tickets: block.VRB: the block is damaged' check block.VRB
-expect 0 "AB" show block.VRB 212
-expect 1 "varno-tickets: block.VRB: the block is damaged (varno-tickets check tells how); --force changes it all the same" delete block.VRB 212
+damaged="varno-tickets: block.VRB: the block is damaged"
+expect 1 $'block.VRB: The checksum is 27F5, but the memory gives 27F4.\n'"$damaged" check block.VRB
+damaged+=" (varno-tickets check tells how)"
+expect 1 $'AB\n'"$damaged" show block.VRB 212
+expect 1 "$damaged" delete block.VRB 212
 expect 0 "" bind -f block.VRB 212 Print
 wrote block.VRB "$sound"
-printf 'no block\r\n' >other.VRB
-expect 1 "varno-tickets: other.VRB: this is no ticket block" put --force other.VRB 212 AB.VRT
+printf ':no block\r\n' >other.VRB
+expect 1 "varno-tickets: other.VRB: this is no whole ticket block" put --force other.VRB 212 AB.VRT
+expect 1 "varno-tickets: $samples/Plant.txt: this is no ticket block" list "$samples/Plant.txt"
 
-expect 2 $'varno-tickets: there is no command "open"\nvarno-tickets --help tells more.' open block.VRB
-expect 2 $'varno-tickets: "x" is no ticket number\nvarno-tickets --help tells more.' show block.VRB x
-expect 2 $'varno-tickets: put takes BLOCK NUMBER TICKET\nvarno-tickets --help tells more.' put block.VRB 212
+usage=$'\nvarno-tickets --help tells more.'
+expect 2 "varno-tickets: there is no command \"open\"$usage" open block.VRB
+expect 2 "varno-tickets: \"x\" is no ticket number$usage" show block.VRB x
+expect 2 "varno-tickets: a ticket number lies between 200 and 999$usage" put block.VRB 199 AB.VRT
+expect 2 "varno-tickets: put takes BLOCK NUMBER TICKET$usage" put block.VRB 212
 
 # The samples are what their source gives.
 "$samples/make_samples.py" "$tool" .

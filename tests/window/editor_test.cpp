@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <QInputMethodEvent>
-#include <QLineEdit>
-#include <QTimer>
 
 #include "editor/ticket_editor.h"
 #include "platform/qt/marked_cursor.h"
@@ -11,7 +9,6 @@
 #include "tests/editor/key_pictures.h"
 #include "tests/fakes/caret_picture.h"
 #include "tests/fakes/fake_platform.h"
-#include "tests/window/main_window.h"
 #include "tests/window/qt_keys.h"
 
 namespace varno {
@@ -31,13 +28,15 @@ class RealEditor {
     }
     ~RealEditor() { delete Edit(); }
 
-    void Show(const CaretPicture& picture) {
+    // `backwards`: the caret stands at the front of the selection.
+    void Show(const CaretPicture& picture, bool backwards = false) {
         box_.SetContent(picture.text);
         const QTextDocument& document = *Edit()->document();
+        const int front = ToQtPosition(document, picture.start);
+        const int end = ToQtPosition(document, picture.start + picture.length);
         QTextCursor cursor = Edit()->textCursor();
-        cursor.setPosition(ToQtPosition(document, picture.start));
-        cursor.setPosition(ToQtPosition(document, picture.start + picture.length),
-                           QTextCursor::KeepAnchor);
+        cursor.setPosition(backwards ? end : front);
+        cursor.setPosition(backwards ? front : end, QTextCursor::KeepAnchor);
         Edit()->setTextCursor(cursor);
         if (picture.length == 0) box_.SetTypingFormat(picture.typing);
     }
@@ -55,18 +54,24 @@ class RealEditor {
 
   private:
     bool ticketChanged_ = false;
-    TicketEditor editor_{box_, ticketChanged_, commands};
+    TicketEditor editor_{box_, ticketChanged_, commands, [] {}, [](CommandEvent) {}};
 };
 
-void Check(const KeyPicture& row) {
+void Check(const KeyPicture& row, bool backwards) {
     RealEditor editor;
-    editor.Show(FromCaretPicture(row.before));
+    editor.Show(FromCaretPicture(row.before), backwards);
     for (const KeyStroke& stroke : ParseKeys(row.keys)) editor.Send(stroke);
     const CaretPicture expected = FromCaretPicture(row.after);
     CaretPicture shown = editor.Shown();
     if (expected.start < 0) shown.start = -1;
     EXPECT_EQ(ToPicture(shown), ToPicture(expected))
-        << "before: " << row.before << "\nkeys:   " << row.keys;
+        << "before: " << row.before << (backwards ? ", backwards" : "") << "\nkeys:   " << row.keys;
+}
+
+// Every selection is made in both directions.
+void Check(const KeyPicture& row) {
+    Check(row, false);
+    if (FromCaretPicture(row.before).length > 0) Check(row, true);
 }
 
 TEST(Editor, DoesWhatThePicturesShow) {
@@ -79,13 +84,28 @@ TEST(Editor, KeepsToTheRulesWithItsOwnKeys) {
         {"abc|¬\ndef", "<S-Del>", "abc|¬\ndef"},
         {"abc|¬\ndef", "<C-Del>", "abc|def"},
         {"abc¬\n|def", "<C-BS>", "abc|def"},
+        {"a[b¬]\ncd", "<C-Del>", "a|\ncd"},
+        {"abc¬\n[d]ef", "<C-BS><C-Z>", "abc¬\ndef"},
+        // Words end at markers, line ends and colours.
+        {"|Net÷÷5¬\n{r}C005{g} LINE FEED{k}\nx", "<C-Right>",
+         "Net÷÷|5¬\n{r}C005{g} LINE FEED{k}\nx"},
+        {"|ab÷cd", "<C-Del>", "|cd"},
+        {"ab|¬\ncd", "<C-Right>", "ab¬\n|cd"},
+        {"ab÷c|d¬\n", "<C-S-Left><C-S-Left><Del>", "|d¬\n"},
+        {"x{r}C005{g} NET|{k}y", "<C-BS><C-BS>", "x{r}C005|{k}y"},
         {"a[b{r}C005]{k}d", "<S-Del>", "a|d"},
         {"a[b{r}C005{g} X{k}\n]d", "<C-C><Right><C-V>", "ab{r}C005{g} X{k}\nb{r}C005{g} X{k}\n|d"},
         {"a[b]c", "<C-X><C-Z>", "abc"},
+        {"ab[{g}net]", "<C-X>Total", "abTotal|"},
+        {"ab[{m}A7]", "<S-Del>12", "ab12|"},
+        {"x[{r}C0]", "<Del><C-Z>7", "x{r}C07"},
         {"abc¬\nd|ef", "<Up><End>", "abc|¬\ndef"},
         {"a|bc¬\ndef", "<Down>", "abc¬\nd|ef"},
         {"abc¬\nde|f", "<Home>", "abc¬\n|def"},
         {"a[{r}C005]{k}b", "<C-C><Right><C-V>", "a{r}C005C005|{k}b"},
+        // Typed as it will be printed; a comment takes any character.
+        {"a|", "łж€", "al?€|"},
+        {"{g}a|", "łж€", "{g}ałж€|"},
         // A line end goes in one step of undo, and comes in one.
         {"abc|¬\ndef", "<Del><C-Z>", "abc¬\ndef"},
         {"abc¬\n|def", "<BS><C-Z>", "abc¬\ndef"},
@@ -104,132 +124,36 @@ TEST(Editor, KeepsToTheRulesWithItsOwnKeys) {
     for (const KeyPicture& row : rows) Check(row);
 }
 
-class RealPickers : public testing::Test {
-  protected:
-    void SetUp() override { window.Start(); }
-
-    // Presses the keys in the editor; `script` operates the picker that they open.
-    void Pick(std::string_view keys, const std::function<void(QWidget&)>& script) {
-        bool shown = false;
-        QTimer timer;
-        timer.setSingleShot(true);
-        timer.callOnTimeout([&] {
-            shown = true;
-            QWidget* picker = QApplication::activeModalWidget();
-            ASSERT_NE(picker, nullptr);
-            QApplication::setActiveWindow(picker);
-            script(*picker);
-            if (picker->isVisible()) {
-                ADD_FAILURE() << "still open after " << keys;
-                picker->close();
-            }
-        });
-        timer.start(0);
-        PressAll(keys);
-        EXPECT_TRUE(shown) << keys;
+TEST(Editor, SelectsAWordByDoubleClick) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"Ne|t÷5", "[Net]÷5"},    {"Net|÷5", "[Net]÷5"}, {"x{r}C0|05{g} NET", "x{r}[C005]{g} NET"},
+        {"5÷|÷kg", "5[÷÷]kg"},    {"5.|¬\n", "5[.]¬\n"}, {"ab|{r}C005", "ab{r}[C005]"},
+        {"a¬\n|¬\n", "a¬\n|¬\n"}, {"a.|", "a[.]"},       {"|", "|"}};
+    for (const auto& [before, after] : rows) {
+        RealEditor editor;
+        editor.Show(FromCaretPicture(before));
+        QTest::mouseDClick(editor.Edit()->viewport(), Qt::LeftButton, {},
+                           editor.Edit()->cursorRect().center());
+        EXPECT_EQ(ToPicture(editor.Shown()), after);
     }
-    void PressAll(std::string_view keys) {
-        for (const KeyStroke& stroke : ParseKeys(keys)) Press(edit, stroke);
-    }
-    // Keys as an operator presses them, to whatever has the focus.
-    static void PressInPicker(std::initializer_list<Qt::Key> keys) {
-        for (const Qt::Key key : keys) QTest::keyClick(QApplication::focusWidget(), key);
-    }
-    std::string Shown() {
-        return ToPicture(CaretPicture{box.Content(), box.SelStart(), 0, box.TypingFormat()});
-    }
-
-    TestFolder folder;
-    MainWindow window{folder};
-    QTextEdit* edit = window.Widget<QTextEdit>("RichText");
-    RichTextBox& box = window.Get<RichTextBox>("RichText");
-};
-
-TEST_F(RealPickers, InsertByKeyboardInOneStep) {
-    using Keys = std::initializer_list<Qt::Key>;
-    struct Row {
-        const char* open;
-        Keys keys;
-        const char* after;  // and an "x" typed behind it
-    };
-    const Row rows[] = {
-        {"<A-C>",
-         {Qt::Key_0, Qt::Key_0, Qt::Key_5, Qt::Key_Return},
-         "\n{r}C005{g} LINE FEED{k}\nx|"},
-        {"<A-P>",
-         {Qt::Key_0, Qt::Key_1, Qt::Key_2, Qt::Key_1, Qt::Key_Enter},
-         "\n{b}P012{g} NET WEIGHT{k}\nx|"},
-        {"<A-A>", {Qt::Key_7, Qt::Key_Return}, "{m}A7{g} {k}x|"},
-        {"<A-A>", {Qt::Key_3, Qt::Key_2, Qt::Key_Return}, "÷x|"},
-        {"<A-C>", {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}, "\n{r}C007{g} BELL{k}\nx|"},
-        {"<A-A>",
-         {Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return},
-         "{m}A1{g} {k}x|"},
-        {"<A-A>", {Qt::Key_7, Qt::Key_Escape}, "x|"},
-        {"<A-C>", {Qt::Key_Escape}, "x|"},
-        {"<A-A>", {Qt::Key_7, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}, "{m}A7{g} {k}x|"},
-        {"<A-A>", {Qt::Key_7, Qt::Key_Backtab, Qt::Key_Return}, "x|"},  // on Cancel
-    };
-    for (const Row& row : rows) {
-        edit->setFocus();
-        PressAll("<C-A><Del>ab");
-        Pick(row.open, [&](QWidget&) { PressInPicker(row.keys); });
-        PressAll("x");
-        EXPECT_EQ(Shown(), std::string("ab") + row.after) << row.open;
-        if (row.after[0] == 'x') continue;  // cancelled
-        PressAll("<C-Z><C-Z>");
-        EXPECT_EQ(ToPicture(box.Content()), "ab") << row.open << row.after;
-    }
-}
-
-TEST_F(RealPickers, AreOperatedByMouse) {
-    const auto item = [](QWidget& picker, const char* list, int row) {
-        auto* widget = picker.findChild<QListWidget*>(list);
-        return std::pair(widget->viewport(), widget->visualItemRect(widget->item(row)).center());
-    };
-    Pick("<A-C>", [&](QWidget& picker) {
-        const auto [list, place] = item(picker, "UnsortedCommentComboBox.List", 2);
-        QTest::mouseClick(list, Qt::LeftButton, {}, place);
-        EXPECT_EQ(picker.findChild<QLineEdit*>("CodeComboBox.Edit")->text(), "003");
-        QTest::mouseClick(picker.findChild<QWidget*>("OkButton"), Qt::LeftButton);
-    });
-    Pick("<A-C>", [&](QWidget& picker) {
-        EXPECT_EQ(picker.findChild<QLineEdit*>("CodeComboBox.Edit")->text(), "003");
-        const auto [list, place] = item(picker, "CodeComboBox.List", 0);
-        QTest::mouseClick(list, Qt::LeftButton, {}, place);
-        QTest::mouseDClick(list, Qt::LeftButton, {}, place);
-    });
-    Pick("<A-A>", [&](QWidget& picker) {
-        const auto [list, place] = item(picker, "List1", 7);
-        QTest::mouseClick(list, Qt::LeftButton, {}, place);
-        QTest::mouseDClick(list, Qt::LeftButton, {}, place);
-    });
-    Pick("<A-C>", [](QWidget& picker) { picker.close(); });
-    Pick("<A-C>", [](QWidget& picker) {
-        EXPECT_EQ(picker.findChild<QLineEdit*>("CodeComboBox.Edit")->text(), "");
-        QTest::mouseClick(picker.findChild<QWidget*>("CancelButton"), Qt::LeftButton);
-    });
-    EXPECT_EQ(Shown(),
-              "{r}C003{g} SELECT PRINTER PORT 2{k}\n{r}C001{g} RESET PRINTER{k}\n{m}A7{g} {k}|");
 }
 
 // Typing that no key event brings: an input method's, or a dead key's.
-TEST_F(RealPickers, TextOfAnInputMethodIsTyped) {
+TEST(Editor, TakesTheTextOfAnInputMethodAsTyped) {
+    RealEditor editor;
+    editor.Show(FromCaretPicture("{r}C|005{g} LINE FEED{k}\n"));
     const auto compose = [&](const QString& text) {
         QInputMethodEvent event;
         event.setCommitString(text);
-        QApplication::sendEvent(edit, &event);
+        QApplication::sendEvent(editor.Edit(), &event);
     };
-    Pick("<A-C>", [](QWidget&) {
-        PressInPicker({Qt::Key_0, Qt::Key_0, Qt::Key_5, Qt::Key_Return});
-    });
-    PressAll("<Up><End><Left><Left><Left><Left><Left><Left>");
-    compose("ê");
-    compose(" ");
-    PressAll("<Home><Right>");
     compose("é");
     compose(" ");
-    EXPECT_EQ(Shown(), "{r}C{k}é÷|{r}005{g} LINê E FEED{k}\n");
+    for (const KeyStroke& stroke : ParseKeys("<End><Left><Left><Left><Left><Left><Left>"))
+        editor.Send(stroke);
+    compose("ê");
+    compose(" ");
+    EXPECT_EQ(ToPicture(editor.Shown()), "{r}C{k}é÷{r}005{g} LINê |E FEED{k}\n");
 }
 
 }  // namespace

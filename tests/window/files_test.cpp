@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QMenu>
-
 #include "tests/window/main_window.h"
 
 namespace varno {
@@ -215,17 +213,6 @@ TEST_F(FileMenu, SurvivesAnyBlockFile) {
         }
     }
     operatorScript.ExpectNoMore();
-}
-
-TEST_F(FileMenu, OffersWhatTheEditorAndTheListHold) {
-    const auto offered = [&](const char* item) { return window.Get<MenuItem>(item).Enabled(); };
-    EXPECT_FALSE(offered("SaveTicket") || offered("SaveTicketAs") || offered("SaveList"));
-    window.TypeTicket("A");
-    EXPECT_TRUE(offered("SaveTicket") && offered("SaveTicketAs"));
-    window.Put("212");
-    EXPECT_FALSE(offered("SaveList"));
-    emit window.Widget<QAction>("FileMenu")->menu()->aboutToShow();
-    EXPECT_TRUE(offered("SaveList"));
 }
 
 }  // namespace

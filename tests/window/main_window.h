@@ -58,9 +58,11 @@ inline void WriteText(const std::string& path, const std::string& text) {
 
 class MainWindow {
   public:
-    explicit MainWindow(const TestFolder& folder, const std::string& commandLine = "")
+    // `path`: where the catalogues are.
+    explicit MainWindow(const TestFolder& folder, const std::string& commandLine = "",
+                        const std::string& path = VARNO_CATALOGUES)
         : platform({.exeName = "VarnoTicketFormatter",
-                    .path = VARNO_CATALOGUES,
+                    .path = path,
                     .dataFolder = folder.Path("data"),
                     .commandLine = commandLine}),
           form(platform) {}

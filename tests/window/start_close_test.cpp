@@ -92,6 +92,15 @@ TEST_F(StartAndClose, BearsDamagedSettings) {
     }
 }
 
+TEST_F(StartAndClose, FitsOnTheScreenWhateverIsStored) {
+    WriteText(folder.Path("VarnoTicketFormatter.ini"),
+              "[WindowSize]\nTop=450\nLeft=300\nWidth=90000\nHeight=70000\n");
+    MainWindow window(folder);
+    window.Start();
+    EXPECT_TRUE(
+        window.Shell()->screen()->availableGeometry().contains(window.Shell()->frameGeometry()));
+}
+
 TEST_F(StartAndClose, OpensTheFileOfTheCommandLine) {
     const std::string ticket = std::string(VARNO_CATALOGUES) + "/Shop1.VRT";
     WriteText(folder.Path("small.vrb"), FileText(SampleBlock));

@@ -103,6 +103,9 @@ TEST_F(States, KeysBindOnce) {
     const auto button = [&](const char* name) { return window.Widget<QWidget>(name); };
     const Row rows[] = {
         {[&] { window.ClickRow(0); }, "212|300"},
+        {[&] { QTest::keyClick(list, 's', Qt::AltModifier); }, "212|300"},
+        {[&] { QTest::keyClick(list, 'p', Qt::MetaModifier); }, "212|300"},
+        {[&] { QTest::keyClick(list, 'i', Qt::ControlModifier); }, "212|300"},
         {[&] { window.Click("KeyAssignment(0)"); }, "212  P|300"},
         {[&] { QTest::keyClick(list, 's', Qt::NoModifier); }, "212  S|300"},
         {[&] { QTest::keyClick(list, Qt::Key_Down); }, "212  S|300"},
@@ -118,6 +121,37 @@ TEST_F(States, KeysBindOnce) {
     for (const Row& row : rows) {
         row.act();
         EXPECT_EQ(window.Rows(), row.rows) << &row - rows;
+    }
+}
+
+// The commands beside the list always have the row they are offered for.
+TEST_F(States, ASelectedRowStaysSelected) {
+    window.TypeTicket("A");
+    window.Put("212");
+    window.Put("300");
+    auto* list = window.Widget<QListWidget>("TicketList");
+    const QPoint row = list->visualItemRect(list->item(0)).center();
+    const QPoint beside(row.x(), list->viewport()->height() - 2);
+    const auto press = [&](Qt::KeyboardModifiers held, QPoint from, QPoint to) {
+        QTest::mousePress(list->viewport(), Qt::LeftButton, held, from);
+        QTest::mouseMove(list->viewport(), to);
+        QTest::mouseRelease(list->viewport(), Qt::LeftButton, held, to);
+    };
+    const std::function<void()> acts[] = {
+        [&] { press({}, beside, beside); },
+        [&] { press({}, row, beside); },
+        [&] { press({}, beside, row); },
+        [&] { press(Qt::ControlModifier, row, row); },
+        [&] { press(Qt::ControlModifier, beside, beside); },
+        [&] { QTest::keyClick(list, Qt::Key_Space, Qt::ControlModifier); },
+        [&] { QTest::keyClick(list, Qt::Key_Space); },
+        [&] { QTest::keyClick(list, 'p'); },
+    };
+    window.ClickRow(0);
+    for (const auto& act : acts) {
+        act();
+        EXPECT_EQ(window.Get<ListBox>("TicketList").ListIndex(), 0) << &act - acts;
+        EXPECT_TRUE(window.Get<Command>("DeleteButton").Enabled());
     }
 }
 

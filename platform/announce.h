@@ -1,0 +1,29 @@
+// What happens in the window and on the line, told as it happens. A part announces; it does not
+// know which commands are offered because of it.
+#pragma once
+
+#include <functional>
+
+namespace varno {
+
+enum class CommandEvent {
+    UploadStarted,  // the port is open, the indicator may send
+    ImageBegins,    // of an upload: the list has been emptied, the editor will be
+    UploadEnded,    // the image is complete, the list shows it
+    TransferEnded,
+    DownloadStarted,  // confirmed, the port not open yet
+    VarnoMenuOpens,
+    FileMenuOpens,
+    BlockOpened,
+    PutEnded,  // the ticket was put or refused; not after No to overwriting
+    TicketDeleted,
+    NumberChanged,  // the text of the number box
+    ListSelected,   // a row was selected, or the list came back to it
+    EditorChanged,
+    EditorFocused,
+};
+
+// Never empty.
+using Announce = std::function<void(CommandEvent)>;
+
+}  // namespace varno

@@ -1,0 +1,117 @@
+#include <fcntl.h>
+#include <io.h>
+#include <process.h>
+#include <sys/stat.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace varno {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr DWORD LongestWait = 10'000;  // milliseconds
+
+using Handle = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+fs::path ToPath(const std::string& utf8) {
+    return {std::u8string(utf8.begin(), utf8.end())};
+}
+
+Handle OpenFile(const fs::path& path, const wchar_t* mode) {
+    return {::_wfopen(path.c_str(), mode), &std::fclose};
+}
+
+Error Failure(const std::string& path, int error) {
+    return path + ": " + std::generic_category().message(error);
+}
+
+bool WriteAndFlush(Handle file, std::string_view bytes) {
+    return file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
+           std::fflush(file.get()) == 0 && ::_commit(::_fileno(file.get())) == 0;
+}
+
+}  // namespace
+
+Error ReadFile(const std::string& path, std::string& bytes, std::size_t most) {
+    std::error_code error;
+    if (fs::exists(ToPath(path), error) && !fs::is_regular_file(ToPath(path), error)) {
+        return path + ": this is no ordinary file";
+    }
+    const Handle file = OpenFile(ToPath(path), L"rb");
+    if (!file) {
+        return Failure(path, errno);
+    }
+    std::string read;
+    std::vector<char> chunk(1 << 16);
+    std::size_t got = 0;
+    while ((got = std::fread(chunk.data(), 1, std::min(chunk.size(), most - read.size()),
+                             file.get())) > 0) {
+        read.append(chunk.data(), got);
+    }
+    if (std::ferror(file.get()) != 0) {
+        return Failure(path, errno);
+    }
+    bytes = std::move(read);
+    return std::nullopt;
+}
+
+Error WriteFile(const std::string& path, std::string_view bytes) {
+    const fs::path target = ToPath(path);
+    const fs::path temporary =
+        target.parent_path() / (".varno-" + std::to_string(::_getpid()) + ".tmp");
+    if (!WriteAndFlush(OpenFile(temporary, L"wbx"), bytes)) {
+        const Error failure = Failure(path, errno);
+        ::_wremove(temporary.c_str());
+        return failure;
+    }
+    // The file that takes the place keeps the rights and attributes of the one that was there.
+    if (::ReplaceFileW(target.c_str(), temporary.c_str(), nullptr, 0, nullptr, nullptr) != 0 ||
+        ::MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH) != 0) {
+        return std::nullopt;
+    }
+    const Error failure =
+        path + ": " + std::system_category().message(static_cast<int>(::GetLastError()));
+    ::_wremove(temporary.c_str());
+    return failure;
+}
+
+void SurviveFailedWrites() {}  // here a failed write is never a signal
+
+struct FileLock::Held {
+    HANDLE mutex;
+    ~Held() {
+        ::ReleaseMutex(mutex);
+        ::CloseHandle(mutex);
+    }
+};
+
+FileLock::FileLock() = default;
+FileLock::~FileLock() = default;
+
+Error FileLock::Take(const std::string& path) {
+    std::error_code error;
+    const fs::path file = fs::weakly_canonical(ToPath(path), error);
+    const auto name = L"varno-" + std::to_wstring(std::hash<std::wstring>()(file.wstring()));
+    const HANDLE mutex = ::CreateMutexW(nullptr, FALSE, name.c_str());
+    if (mutex == nullptr) {
+        return std::nullopt;
+    }
+    if (::WaitForSingleObject(mutex, LongestWait) == WAIT_TIMEOUT) {
+        ::CloseHandle(mutex);
+        return path + ": another program has been changing this file for 10 seconds";
+    }
+    held_.reset(new Held{mutex});
+    return std::nullopt;
+}
+
+}  // namespace varno

@@ -1,0 +1,74 @@
+#include "platform/qt/row_list.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+
+namespace varno {
+namespace {
+
+void Call(const std::function<void()>& event) {
+    if (event) {
+        event();
+    }
+}
+
+bool WalksUpOrDown(const QKeyEvent& event) {
+    const int key = event.key();
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_Home;
+}
+
+}  // namespace
+
+RowList::RowList(QWidget* parent) : QListWidget(parent) {
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setUniformItemSizes(true);
+    QObject::connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+        if (SelectedRow() >= 0) {
+            Call(OnChosen);
+        }
+    });
+}
+
+int RowList::SelectedRow() const {
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    return selected.isEmpty() ? -1 : selected.first().row();
+}
+
+// Whatever button or modifier is down: a row is selected, and no row is let go.
+QItemSelectionModel::SelectionFlags RowList::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* /*event*/) const {
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+bool RowList::IsOnSelectedRow(const QMouseEvent& event) const {
+    const QModelIndex pressed = indexAt(event.position().toPoint());
+    return pressed.isValid() && pressed.row() == SelectedRow();
+}
+
+void RowList::mousePressEvent(QMouseEvent* event) {
+    const bool again = IsOnSelectedRow(*event);
+    QListWidget::mousePressEvent(event);
+    if (again) {
+        Call(OnChosen);
+    }
+}
+
+void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
+    const bool again = event->button() == Qt::LeftButton && IsOnSelectedRow(*event);
+    QListWidget::mouseDoubleClickEvent(event);
+    if (again) {
+        Call(OnDblClick);
+    }
+}
+
+void RowList::keyPressEvent(QKeyEvent* event) {
+    if (WalksUpOrDown(*event) && SelectedRow() < 0 && count() > 0) {
+        setCurrentRow(std::max(0, currentRow()));  // the first such key skips no row
+        return;
+    }
+    QListWidget::keyPressEvent(event);
+}
+
+}  // namespace varno

@@ -1,0 +1,30 @@
+// A list of which at most one row is selected. Once selected, a row stays so until another one is,
+// or until it goes.
+#pragma once
+
+#include <QListWidget>
+#include <functional>
+
+namespace varno {
+
+class RowList : public QListWidget {
+  public:
+    explicit RowList(QWidget* parent);
+
+    int SelectedRow() const;  // -1 for none
+
+    std::function<void()> OnChosen;    // a row was selected, or the selected one pressed once more
+    std::function<void()> OnDblClick;  // on a row that the first click selected
+
+  protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    bool IsOnSelectedRow(const QMouseEvent& event) const;
+};
+
+}  // namespace varno

@@ -1,0 +1,130 @@
+#include "tools/text_commands.h"
+
+#include <iostream>
+#include <variant>
+
+#include "block/block_compare.h"
+#include "block/block_file.h"
+#include "block/block_text.h"
+#include "block/image.h"
+#include "codec/catalogue.h"
+#include "codec/utf8.h"
+#include "platform/files.h"
+#include "tools/opened_block.h"
+#include "tools/refusal.h"
+
+namespace varno {
+namespace {
+
+constexpr std::size_t FoldedDigits = 80;
+
+struct ReadBlock {
+    BlockContent content;
+    bool isText;
+};
+
+CodeComment Comments(const Request& request) {
+    return [folder = request.catalogueFolder + "/"](Word word) {
+        const bool control = ClassOf(word) == ControlCodeClass;
+        const std::string name(control ? ControlCatalogueName : PrintCatalogueName);
+        std::string code = std::to_string(ValueOf(word));
+        code.insert(0, CodeDigits - std::min(CodeDigits, code.size()), '0');
+        const std::string comment = ToUtf8(FindCodeComment(folder + name, code));
+        return comment.substr(comment.starts_with(' ') ? 1 : 0);
+    };
+}
+
+CodeComment CommentsIfAskedFor(const Request& request) {
+    return request.comments ? Comments(request) : CodeComment();
+}
+
+[[noreturn]] void RefuseText(const std::string& path, const BlockTextFault& fault) {
+    throw Refusal(Ending::FaultFound, path + ":" + std::to_string(fault.line) + ":" +
+                                          std::to_string(fault.column) + ": " + fault.what);
+}
+
+template <class Content>
+Content Required(const std::string& path, std::variant<Content, BlockTextFault> read) {
+    if (const auto* fault = std::get_if<BlockTextFault>(&read)) RefuseText(path, *fault);
+    return std::get<Content>(std::move(read));
+}
+
+// A sound block, from a block file or a text.
+ReadBlock BlockIn(const std::string& givenPath) {
+    const std::string path = IsStandardInput(givenPath) ? givenPath : FileMeantBy(givenPath);
+    const std::string bytes = Contents(path, MostBlockFileBytes);
+    if (!bytes.starts_with(':')) return {Required(path, ReadBlockText(bytes)), true};
+    const std::string image = ImageIn(bytes);
+    if (!FaultsInImage(image).empty())
+        throw Refusal(Ending::FaultFound,
+                      path + ": the block is damaged (varno-tickets check tells how)");
+    return {ContentOf(image), false};
+}
+
+}  // namespace
+
+void Text(const Request& request) {
+    const BlockContent content = BlockIn(request.operands[0]).content;
+    if (request.operands.size() == 1) {
+        std::cout << BlockText(content, CommentsIfAskedFor(request));
+        return;
+    }
+    const int number = TicketNumber(request.operands[1]);
+    const TicketRecord* const ticket = content.Find(number);
+    if (ticket == nullptr)
+        throw Refusal(Ending::CouldNot,
+                      request.operands[0] + ": there is no ticket " + request.operands[1]);
+    std::cout << TicketText(*ticket, CommentsIfAskedFor(request));
+}
+
+void Build(const Request& request) {
+    const BlockContent content = BlockIn(request.operands[0]).content;
+    DeliverNew(request, FileMeantBy(request.operands[1]), BlockFileBytes(ImageOf(content)));
+}
+
+// Whatever the file is, so that a history with damaged blocks can be read too.
+void Textconv(const Request& request) {
+    const std::string bytes = Contents(request.operands[0], MostBlockFileBytes);
+    const std::vector<std::string> faults = FaultsInBlockFile(bytes);
+    if (faults.empty()) {
+        std::cout << BlockText(ContentOf(ImageIn(bytes)), Comments(request));
+        return;
+    }
+    for (const std::string& fault : faults) std::cout << "# " << fault << '\n';
+    for (std::size_t i = 0; i < bytes.size(); i += FoldedDigits)
+        std::cout << bytes.substr(i, FoldedDigits) << '\n';
+}
+
+void Diff(const Request& request) {
+    const auto& names = request.operands;
+    const auto differences = Differences(BlockIn(names[0]).content, BlockIn(names[1]).content,
+                                         {names[0], names[1]}, Comments(request));
+    for (const std::string& line : differences) std::cout << line << '\n';
+    if (!differences.empty()) throw Refusal(Ending::FaultFound, "");
+}
+
+void MergeBlocks(const Request& request) {
+    const ReadBlock ours = BlockIn(request.operands[1]);
+    const MergedBlock merged = Merge(BlockIn(request.operands[0]).content, ours.content,
+                                     BlockIn(request.operands[2]).content);
+    for (const std::string& conflict : merged.conflicts)
+        std::cerr << request.operands[1] << ": " << conflict << '\n';
+    if (!merged.conflicts.empty())
+        throw Refusal(Ending::FaultFound, "the blocks cannot be merged; nothing was changed");
+    Deliver(request.operands[1],
+            ours.isText ? BlockText(merged.content) : BlockFileBytes(ImageOf(merged.content)));
+}
+
+void New(const Request& request) {
+    DeliverNew(request, FileMeantBy(request.operands[0]), BlockFileBytes(NewTicketBuffer()));
+}
+
+bool IsTicketText(std::string_view bytes) {
+    return bytes.substr(0, bytes.find_first_of("0123456789")).ends_with("ticket ");
+}
+
+TicketRecord TicketInText(const std::string& path, std::string_view bytes) {
+    return Required(path, ReadTicketText(bytes));
+}
+
+}  // namespace varno
