@@ -64,13 +64,14 @@ class QtWindow final : public Window {
     int MenuBarHeight() const;
     Place ToOuter(const QRect& frame) const;
 
+    // Outlives the widgets: at their end they may still call the components.
+    std::map<std::string, std::unique_ptr<Component>, std::less<>> components_;
     Shell shell_;
     QWidget* client_;
     QWidget* statusStrip_ = nullptr;
     int frameHeight_;
     WindowState startState_ = WindowState::Normal;  // taken on at the first showing
-    std::map<std::string, std::unique_ptr<Component>, std::less<>> components_;
-    std::function<void()> pressDefault_;  // what Enter and Esc press
+    std::function<void()> pressDefault_;            // what Enter and Esc press
     std::function<void()> pressCancel_;
     QEventLoop* modal_ = nullptr;
     bool hasPlace_ = false;  // a dialog, once centred on its parent
