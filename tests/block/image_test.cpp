@@ -1,4 +1,6 @@
-#include "tests/block/block_window.h"
+#include <gtest/gtest.h>
+
+#include "tests/block/block_samples.h"
 
 namespace varno {
 namespace {
@@ -15,36 +17,30 @@ TEST(Image, ReadsAnythingAsSomethingDefined) {
     struct {
         const char* what;
         std::string image;
-        Rows rows;
-        Keys keys;
+        std::vector<int> tickets;
+        KeyTickets keys;
     } const table[] = {
         {"nothing", "", {}, {1, 2, 3, 4}},
         {"no memory", ":", {}, {1, 2, 3, 4}},
         {"empty image", NewTicketBuffer(), {}, {}},
-        {"first key",
-         ":08D408C9" + Tail({0, 201, 212, 212}),
-         {"201 S", "212 I"},
-         {0, 201, 212, 212}},
-        {"stops at the end marker", ":08C91000" + Tail({}) + "09F4", {"201"}, {}},
-        {"no end marker, key of before", ":0802100008CA", {"2 S", "202"}, {1, 2, 3, 4}},
-        {"lower case", ":08fa1000800000fa", {"250 P"}, {250, 0, 0, 0}},
-        {"only 11 bits of a key word", ":08D410008000F8D4", {"212 P"}, {212, 0, 0, 0}},
-        {"no colon", "?08D41000", {"212"}, {1, 2, 3, 4}},
-        {"no digits", ":x8Dg\xFF\x80\xE9\xFFg000", {"208"}, {1, 2, 3, 4}},
+        {"in their order", ":08D408C9" + Tail({0, 201, 212}), {212, 201}, {0, 201, 212, 0}},
+        {"stops at the end marker", ":08C91000" + Tail({}) + "09F4", {201}, {}},
+        {"no end marker, keys of before", ":0802100008CA", {2, 202}, {1, 2, 3, 4}},
+        {"lower case", ":08fa1000800000fa", {250}, {250, 0, 0, 0}},
+        {"only 11 bits of a key word", ":08D410008000F8D4", {212}, {212, 0, 0, 0}},
+        {"no colon", "?08D41000", {212}, {1, 2, 3, 4}},
+        {"no digits", ":x8Dg\xFF\x80\xE9\xFFg000", {208}, {1, 2, 3, 4}},
         {"word boundaries only", ":0008D4100080001", {}, {1, 2, 3, 4}},
-        {"cut header", ":08", {"0"}, {1, 2, 3, 4}},
-        {"cut end marker", ":08D48", {"212"}, {}},
+        {"cut header", ":08", {0}, {1, 2, 3, 4}},
+        {"cut end marker", ":08D48", {212}, {}},
     };
     for (const auto& c : table) {
         SCOPED_TRACE(c.what);
-        BlockWindow w;
-        w.block.KeyTicket = {1, 2, 3, 4};
-        w.Message.SetCaption("Receiving");
-        w.Load(c.image);
-        EXPECT_EQ(w.TicketList.Rows(), c.rows);
-        EXPECT_EQ(w.block.KeyTicket, c.keys);
-        EXPECT_EQ(w.Message.Caption(), "");
-        EXPECT_EQ(w.block.TicketBuffer, c.image);
+        TicketBlock block{.TicketBuffer = c.image, .KeyTicket = {1, 2, 3, 4}};
+        block.LoadKeys();
+        EXPECT_EQ(block.Tickets(), c.tickets);
+        EXPECT_EQ(block.KeyTicket, c.keys);
+        EXPECT_EQ(block.TicketBuffer, c.image);
     }
 }
 
@@ -67,7 +63,7 @@ TEST(Image, CutAtEveryLength) {
         bound.SetKeys({0, 212, 0, 0});
         bound.LoadKeys();
         ASSERT_EQ(bound.Tickets(), tickets);
-        ASSERT_EQ(bound.KeyTicket, (Keys{0, 212, 0, 0}));
+        ASSERT_EQ(bound.KeyTicket, (KeyTickets{0, 212, 0, 0}));
         ASSERT_EQ(bound.TicketBuffer.size(), FindEndMarker(cut.TicketBuffer) ? 8007U : length);
         if (tickets.empty()) continue;
         cut.RemoveTicketRecord(tickets.front());
@@ -80,14 +76,10 @@ TEST(Image, CutAtEveryLength) {
 TEST(Image, FarTooLongImageLosesNothing) {
     std::string memory;
     for (int i = 0; i < 150000; ++i) memory += "08D41000";
-    BlockWindow w;
-    w.Load(":" + memory + Record(300, "A") + Tail({300, 0, 0, 0}));
-    w.TicketList.ClickRow(150000);
-    w.del.DeleteButton_Click();
-    w.TicketNumber.SetText("300");
-    w.ExpectTooBig();
-    w.put.PutButton_Click();
-    EXPECT_EQ(w.block.TicketBuffer, SealTicketBuffer(memory + Tail({})));
+    TicketBlock block = BlockOf(":" + memory + Record(300, "A") + Tail({300, 0, 0, 0}));
+    block.RemoveTicketRecord(300);
+    EXPECT_EQ(block.PutRecord(300, Record(300, "")), PutResult::TooBig);
+    EXPECT_EQ(block.TicketBuffer, SealTicketBuffer(memory + Tail({})));
 }
 
 }  // namespace

@@ -1,49 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "link/port_entry.h"
-#include "link/serial_settings_command.h"
-#include "tests/fakes/fake_dialogs.h"
-#include "tests/link/fake_serial.h"
+#include "platform/serial/serial_settings.h"
 
 namespace varno {
 namespace {
-
-TEST(SerialSettings, EachStepAppliesOrReportsByItself) {
-    const std::string noColon = "There is no \":\" between the port number and the settings.";
-    struct {
-        const char* entry;
-        int port;
-        const char* settings;
-        std::vector<std::string> errors;
-    } table[] = {
-        {"3:4800,o,7,2", 3, "4800,o,7,2", {}},  // unchanged
-        {"2:9600,e,7,1", 2, "9600,e,7,1", {}},
-        {"9600,n,8,1", 3, "9600,n,8,1", {noColon}},
-        {"0:9600,n,8,1", 3, "9600,n,8,1", {"no such number"}},
-        {"1:", 1, "4800,o,7,2", {"no such settings"}},
-        {"x:y", 3, "4800,o,7,2", {"no such number", "no such settings"}},
-        {"40000:9600,n,8,1", 3, "9600,n,8,1", {"The port number \"40000\" is too large."}},
-        {"2:9600:1", 2, "4800,o,7,2", {"no such settings"}},
-        {"", 3, "4800,o,7,2", {}},  // cancelled
-    };
-    for (const auto& row : table) {
-        SCOPED_TRACE(row.entry);
-        FakeSerial serial;
-        EXPECT_FALSE(serial.SetCommPort(3) || serial.SetSettings("4800,o,7,2"));
-        FakeDialogs dialogs;
-        dialogs.ExpectInput("COM Port Parameters",
-                            "\r\n\r\n\r\nEnter PC's Serial Port Parameters\r\n"
-                            "(COM: BaudRate, Parity, DataBits, StopBits)",
-                            row.entry);
-        for (const std::string& error : row.errors) {
-            dialogs.Expect({error, "ERROR", Buttons::Ok, Icon::Critical}, Answer::Ok);
-        }
-        SerialSettingsCommand(serial, dialogs).Serial_Click();
-        EXPECT_EQ(dialogs.inputDefaults, std::vector<std::string>{"3:4800,o,7,2"});
-        EXPECT_EQ(serial.CommPort(), row.port);
-        EXPECT_EQ(serial.Settings(), row.settings);
-    }
-}
 
 TEST(PortEntry, ReadsTheNumberThatItBeginsWith) {
     const std::pair<const char*, std::optional<int>> table[] = {

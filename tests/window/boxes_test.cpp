@@ -11,7 +11,7 @@
 
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/style.h"
-#include "tests/window/main_window.h"
+#include "tests/window/real_window.h"
 
 namespace varno {
 namespace {

@@ -1,4 +1,4 @@
-// Copying, pasting and undoing in the ticket editor.
+// Copying, pasting and undoing in the ticket box.
 #include <gtest/gtest.h>
 
 #include <QClipboard>
@@ -9,22 +9,15 @@
 #include "codec/text_limits.h"
 #include "platform/rtf/rtf_reader.h"
 #include "tests/codec/picture.h"
-#include "tests/window/main_window.h"
+#include "tests/window/real_window.h"
 
 namespace varno {
 namespace {
 
-class Clipboard : public testing::Test {
+class Clipboard : public WindowTest {
   protected:
-    TestFolder folder;
-    MainWindow window{folder};
-    RichTextBox& editor = window.Get<RichTextBox>("RichText");
-    QTextEdit* edit = window.Widget<QTextEdit>("RichText");
-
-    void SetUp() override { window.Start(); }
-
     void Press(Qt::Key key) { QTest::keyClick(edit, key, Qt::ControlModifier); }
-    std::string Shown() { return ToPicture(editor.Content()); }
+    std::string Shown() { return ToPicture(box.Content()); }
     void Paste(const char* type, const QByteArray& bytes) {
         auto* offered = new QMimeData;
         offered->setData(QLatin1String(type), bytes);
@@ -35,10 +28,10 @@ class Clipboard : public testing::Test {
 
 TEST_F(Clipboard, MarksKeepTheirMeaningFromTicketToTicket) {
     const std::string marks = "{k}Net÷{r}C005{g} LINE FEED{k}¬\na b\n\n{b}P012{m}A27";
-    editor.SetContent(FromPicture(marks));
+    box.SetContent(FromPicture(marks));
     Press(Qt::Key_A);
     Press(Qt::Key_C);
-    editor.SetContent({});
+    box.SetContent({});
     Press(Qt::Key_V);
     EXPECT_EQ(Shown(), ToPicture(FromPicture(marks)));
     Press(Qt::Key_Z);
@@ -71,12 +64,12 @@ TEST_F(Clipboard, TakesTextColourAndStylesOnly) {
         {"text/plain", "Ne\u0301t \u20ac \uFB01\u0142\u0107 \u65e5", "{k}N\u00e9t÷\u20ac÷filc÷?"},
     };
     for (const Row& row : rows) {
-        editor.SetContent({});
+        box.SetContent({});
         Paste(row.type, row.offered);
         EXPECT_EQ(Shown(), ToPicture(FromPicture(row.shown))) << row.offered.toStdString();
         EXPECT_TRUE(edit->document()->rootFrame()->childFrames().isEmpty());
     }
-    editor.SetContent(FromPicture("{r}C005"));
+    box.SetContent(FromPicture("{r}C005"));
     QTest::keyClick(edit, Qt::Key_End);
     Paste("text/plain", "5");
     Paste("text/html", "<img src='x'>");  // nothing of use to a ticket
@@ -87,19 +80,19 @@ TEST_F(Clipboard, TakesTextColourAndStylesOnly) {
 TEST_F(Clipboard, TakesNoMoreThanTheEditorLaysOut) {
     MarkedText lines;
     for (std::size_t i = 0; i < MostLines - 2; ++i) lines.Append(u"\u00AC\r\n", {});
-    editor.SetContent(lines);
+    box.SetContent(lines);
     const auto refuses = [&](std::size_t kept, auto&& change) {
-        window.platform.dialogs.Expect(
-            {TooLongForATicket, ApplicationTitle, Buttons::Ok, Icon::Exclamation}, Answer::Ok);
+        script.Expect({TooLongForATicket, ApplicationTitle, Buttons::Ok, Icon::Exclamation},
+                      Answer::Ok);
         change();
         QApplication::processEvents();
-        window.platform.dialogs.ExpectNoMore();
-        EXPECT_EQ(SizeOf(editor.Content().Text()).lineBreaks, kept);
+        script.ExpectNoMore();
+        EXPECT_EQ(SizeOf(box.Content().Text()).lineBreaks, kept);
     };
     refuses(MostLines - 2, [&] { Paste("text/plain", "1\n2\n"); });
     refuses(MostLines - 2, [&] { Paste("text/rtf", "{\\rtf1 1\\par 2\\par\\par}"); });
     refuses(MostLines - 2, [&] { Paste("text/html", QByteArray(8 * MostCharacters + 1, 'x')); });
-    refuses(MostLines - 2, [&] { lines.Append(u"\r\n\r\n", {}), editor.SetContent(lines); });
+    refuses(MostLines - 2, [&] { lines.Append(u"\r\n\r\n", {}), box.SetContent(lines); });
     QTest::keyClick(edit, Qt::Key_Return);
     refuses(MostLines - 1, [&] { QTest::keyClick(edit, Qt::Key_Return); });
     QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
@@ -115,9 +108,7 @@ TEST_F(Clipboard, BringsBackATicketLostToEdit) {
     window.Put("212");
     window.Type("C");
     window.ClickRow(0);
-    window.platform.dialogs.Expect(
-        {"Save the current ticket?", "Ticket changed", Buttons::YesNoCancel, Icon::Question},
-        Answer::No);
+    script.Expect(EditQuestion, Answer::No);
     window.Click("EditButton");
     EXPECT_EQ(window.Ticket(), u"AB");
     Press(Qt::Key_Z);

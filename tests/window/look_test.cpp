@@ -15,7 +15,7 @@
 #include "link/terminal_design.h"
 #include "platform/qt/face_button.h"
 #include "platform/qt/simple_controls.h"
-#include "tests/window/main_window.h"
+#include "tests/window/real_window.h"
 
 namespace varno {
 namespace {
@@ -130,13 +130,7 @@ TEST_P(EveryWindow, LetsTheKeyboardReachEveryControl) {
 INSTANTIATE_TEST_SUITE_P(Look, EveryWindow, testing::ValuesIn(Designs),
                          [](const auto& row) { return std::string(row.param->name); });
 
-class MainLook : public testing::Test {
-  protected:
-    TestFolder folder;
-    MainWindow window{folder};
-
-    void SetUp() override { window.Start(); }
-};
+using MainLook = WindowTest;
 
 // The seven items of the menu bar stand side by side at the smallest width.
 TEST_F(MainLook, MenuBarShowsAllItems) {

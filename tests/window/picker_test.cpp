@@ -13,8 +13,8 @@
 #include "editor/code_picker.h"
 #include "platform/qt/marked_cursor.h"
 #include "platform/qt/row_list.h"
-#include "tests/fakes/caret_picture.h"
-#include "tests/window/main_window.h"
+#include "tests/window/caret_picture.h"
+#include "tests/window/real_window.h"
 
 namespace varno {
 namespace {
@@ -85,21 +85,20 @@ struct Shown {
     }
 };
 
-class Pickers : public testing::Test {
+class Pickers : public WindowTest {
   protected:
     using Script = std::function<void(const Shown&)>;
 
-    void SetUp() override {
+    Pickers() : WindowTest(Catalogues::InFolder) {
         Write(ControlCatalogueName,
               "heading\r\n009 Tab\r\n005 Line feed\r\n007 Bell\r\n005 again\r\n");
         Write(PrintCatalogueName, "012 Net\r\n010 Gr\xF6\xDF\r\n");
-        window.Start();
     }
     void Write(std::string_view catalogue, const std::string& text) {
         WriteText(folder.Path(std::string(catalogue)), text);
     }
     // Shows the picker of a menu item and operates it.
-    void Pick(const char* menuItem, const Script& script) {
+    void Pick(const char* menuItem, const Script& operate) {
         bool shown = false;
         QTimer timer;
         timer.setSingleShot(true);
@@ -108,7 +107,7 @@ class Pickers : public testing::Test {
             QWidget* picker = QApplication::activeModalWidget();
             ASSERT_NE(picker, nullptr);
             QApplication::setActiveWindow(picker);
-            script({*picker});
+            operate({*picker});
             if (picker->isVisible()) {
                 ADD_FAILURE() << "still open";
                 picker->close();
@@ -120,7 +119,7 @@ class Pickers : public testing::Test {
         QApplication::processEvents();
     }
     // What is in the editor after a pick over this content. It goes in one step of undo.
-    std::string PickOver(const std::string& before, const char* menuItem, const Script& script) {
+    std::string PickOver(const std::string& before, const char* menuItem, const Script& operate) {
         const CaretPicture content = FromCaretPicture(before);
         box.SetContent(content.text);
         QTextCursor cursor = edit->textCursor();
@@ -128,7 +127,7 @@ class Pickers : public testing::Test {
         cursor.setPosition(ToQtPosition(*edit->document(), content.start + content.length),
                            QTextCursor::KeepAnchor);
         edit->setTextCursor(cursor);
-        Pick(menuItem, script);
+        Pick(menuItem, operate);
         const CaretPicture after{box.Content(), box.SelStart(), 0, box.TypingFormat()};
         if (after.text != content.text) {
             edit->undo();
@@ -136,12 +135,9 @@ class Pickers : public testing::Test {
         }
         return ToPicture(after);
     }
-    std::string PickControl(const Script& script) { return PickOver("|", "ControlCodes", script); }
-
-    TestFolder folder;
-    MainWindow window{folder, "", folder.Folder()};
-    QTextEdit* edit = window.Widget<QTextEdit>("RichText");
-    RichTextBox& box = window.Get<RichTextBox>("RichText");
+    std::string PickControl(const Script& operate) {
+        return PickOver("|", "ControlCodes", operate);
+    }
 };
 
 constexpr const char* Code = "CodeComboBox.Edit";
@@ -293,8 +289,7 @@ TEST_F(Pickers, ShowRowsSideBySideInFileOrder) {
 
 TEST_F(Pickers, SayOnceThatTheCatalogueIsMissingAndStayEmpty) {
     std::filesystem::remove(folder.Path(std::string(ControlCatalogueName)));
-    window.platform.dialogs.Expect({"No such file or directory", "", Buttons::Ok, Icon::Critical},
-                                   Answer::Ok);
+    script.Expect({"No such file or directory", "", Buttons::Ok, Icon::Critical}, Answer::Ok);
     for (int showing = 0; showing < 2; ++showing) {
         PickControl([](const Shown& p) {
             p.Press({Qt::Key_Down, Qt::Key_Return});

@@ -16,8 +16,8 @@
 #include "codec/encoder.h"
 #include "codec/memory_editor.h"
 #include "tests/codec/picture.h"
-#include "tests/window/main_window.h"
-#include "tests/window/qt_keys.h"
+#include "tests/window/keys.h"
+#include "tests/window/real_window.h"
 
 namespace varno {
 namespace {
@@ -235,7 +235,7 @@ class RandomWork {
     }
     // Tells the script what will be asked, and the model what will be.
     void ForeseePut(int number) {
-        FakeDialogs& dialogs = window_.platform.dialogs;
+        ScriptedDialogs& dialogs = window_.platform.dialogs;
         if (number < 200 || number > 999) {
             return dialogs.Expect({"Enter a valid ticket number (200..999).", "Bad Ticket Number",
                                    Buttons::Ok, Icon::Exclamation},
@@ -292,9 +292,7 @@ class RandomWork {
         const bool asks = box_.HasText() && window_.form.State().TicketChanged;
         const Answer answer = Up(4) > 0 ? Answer::No : Answer::Cancel;
         if (asks) {
-            window_.platform.dialogs.Expect({"Save the current ticket?", "Ticket changed",
-                                             Buttons::YesNoCancel, Icon::Question},
-                                            answer);
+            window_.platform.dialogs.Expect(EditQuestion, answer);
         }
         window_.Click("EditButton");
         if (asks && answer == Answer::Cancel) {
@@ -388,7 +386,7 @@ class RandomWork {
 
     std::mt19937 random_;
     TestFolder folder_;
-    MainWindow window_{folder_};
+    RealWindow window_{folder_};
     QTextEdit* editor_ = window_.Widget<QTextEdit>("RichText");
     RichTextBox& box_ = window_.Get<RichTextBox>("RichText");
     Model model_;

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "app/settings.h"
-#include "tests/window/main_window.h"
+#include "tests/window/real_window.h"
 
 namespace varno {
 namespace {
@@ -21,7 +21,7 @@ class StartAndClose : public testing::Test {
 
 TEST_F(StartAndClose, FirstStartAndWhatIsWrittenAtItsEnd) {
     {
-        MainWindow window(folder);
+        RealWindow window(folder);
         window.Start();
         EXPECT_EQ(window.form.MainWindow().Caption(), "VarnoTicketFormatter 1.0.2");
         EXPECT_EQ(window.form.MainWindow().OuterPlace(), (Place{0, 0, 7725, 5610}))
@@ -39,12 +39,12 @@ TEST_F(StartAndClose, FirstStartAndWhatIsWrittenAtItsEnd) {
 
 TEST_F(StartAndClose, ComesBackAsItWasLeft) {
     {
-        MainWindow window(folder);
+        RealWindow window(folder);
         window.Start();
         window.form.MainWindow().SetOuterPlace({300, 450, 9000, 7500});
         window.Choose("Exit");
     }
-    MainWindow window(folder);
+    RealWindow window(folder);
     window.Start();
     EXPECT_EQ(window.form.MainWindow().OuterPlace(), (Place{300, 450, 9000, 7500}));
     EXPECT_EQ(window.Get<RichTextBox>("RichText").GetPlace(), (Place{120, 600, 6705, 6075}));
@@ -58,7 +58,7 @@ TEST_F(StartAndClose, KeepsThePlaceOfTheNormalState) {
                   "[WindowSize]\nTop=450\nLeft=300\nWidth=9000\nHeight=7500\nState=" +
                       std::to_string(static_cast<int>(state)) + "\n");
         {
-            MainWindow window(folder);
+            RealWindow window(folder);
             window.Start();
             EXPECT_EQ(window.form.MainWindow().State(), state);
             window.Choose("Exit");
@@ -79,7 +79,7 @@ TEST_F(StartAndClose, BearsDamagedSettings) {
             "[Communications]\n" + std::string(communications) +
                 "\n[WindowSize]\nTop=-900000\nLeft=7000000\nWidth=wide\nHeight=-5\nState=9\n");
         {
-            MainWindow window(folder);
+            RealWindow window(folder);
             window.Start();
             const Place place = window.form.MainWindow().OuterPlace();
             EXPECT_EQ(place.width, 7725);
@@ -95,7 +95,7 @@ TEST_F(StartAndClose, BearsDamagedSettings) {
 TEST_F(StartAndClose, FitsOnTheScreenWhateverIsStored) {
     WriteText(folder.Path("VarnoTicketFormatter.ini"),
               "[WindowSize]\nTop=450\nLeft=300\nWidth=90000\nHeight=70000\n");
-    MainWindow window(folder);
+    RealWindow window(folder);
     window.Start();
     EXPECT_TRUE(
         window.Shell()->screen()->availableGeometry().contains(window.Shell()->frameGeometry()));
@@ -119,7 +119,7 @@ TEST_F(StartAndClose, OpensTheFileOfTheCommandLine) {
         {SampleBlock + " ", "", " ", ""},
     };
     for (const Row& row : rows) {
-        MainWindow window(folder, row.commandLine);
+        RealWindow window(folder, row.commandLine);
         window.Start();
         EXPECT_EQ(window.Rows(), row.rows) << row.commandLine;
         EXPECT_EQ(window.Caption("ListName"), row.listName) << row.commandLine;
@@ -133,7 +133,7 @@ TEST_F(StartAndClose, OpensTheFileOfTheCommandLine) {
 TEST_F(StartAndClose, SaysWhichFileOfTheCommandLineCannotBeOpened) {
     WriteText(folder.Path("Picture.VRT"), "no rich text");
     for (const std::string& name : {std::string("gone.VRB"), std::string("Picture.VRT")}) {
-        MainWindow window(folder, folder.Path(name));
+        RealWindow window(folder, folder.Path(name));
         std::string said;
         window.platform.dialogs.Listen([&](const Message& message) {
             said += message.title + "|" + message.text;
@@ -148,11 +148,11 @@ TEST_F(StartAndClose, SaysWhichFileOfTheCommandLineCannotBeOpened) {
 
 TEST_F(StartAndClose, AsksAboutUnsavedWork) {
     {
-        MainWindow window(folder);
+        RealWindow window(folder);
         window.Start();
         window.TypeTicket("AB");
         window.Put("212");
-        FakeDialogs& script = window.platform.dialogs;
+        ScriptedDialogs& script = window.platform.dialogs;
         script.Expect(SaveTicketQuestion, Answer::Yes);
         script.ExpectSave(std::nullopt);  // cancelled: asks again
         script.Expect(SaveTicketQuestion, Answer::No);
@@ -168,7 +168,7 @@ TEST_F(StartAndClose, AsksAboutUnsavedWork) {
 
 // An empty editor and an empty list have nothing to lose, whatever changed before.
 TEST_F(StartAndClose, DoesNotAskAboutNothing) {
-    MainWindow window(folder);
+    RealWindow window(folder);
     window.Start();
     window.TypeTicket("A");
     window.Put("212");

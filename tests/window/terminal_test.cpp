@@ -1,7 +1,5 @@
 // The terminal in its real window: every character as it came and as it was typed, and quick
 // however it comes. Only the line is a stand-in.
-#include "link/terminal.h"
-
 #include <gtest/gtest.h>
 
 #include <QAccessible>
@@ -13,10 +11,8 @@
 
 #include "codec/windows1252.h"
 #include "link/terminal_design.h"
-#include "platform/qt/qt_platform.h"
 #include "platform/qt/qt_window.h"
-#include "tests/fakes/fake_dialogs.h"
-#include "tests/link/fake_serial.h"
+#include "tests/window/real_window.h"
 
 namespace varno {
 namespace {
@@ -183,29 +179,6 @@ TEST_F(Line, DropsOnlyTheOldest) {
     EXPECT_TRUE(ToText(endless).endsWith(kept));
 }
 
-class LinePlatform final : public QtPlatform {
-  public:
-    LinePlatform() : QtPlatform(ProgramInfo{}) {}
-
-    Dialogs& Ask() override { return dialogs; }
-    std::unique_ptr<SerialControl> CreateSerialControl(int inBufferSize) override {
-        EXPECT_EQ(inBufferSize, 1024);
-        auto made = std::make_unique<FakeSerial>();
-        made->openError = openError;
-        port = made.get();
-        return made;
-    }
-    void DoEvents() override {
-        QtPlatform::DoEvents();
-        Raise(onDoEvents);
-    }
-
-    FakeDialogs dialogs;
-    FakeSerial* port = nullptr;  // the terminal's own, while its window is loaded
-    Error openError;
-    std::function<void()> onDoEvents;
-};
-
 struct Shown {
     QWidget& window;
     QPlainTextEdit* text = window.findChild<QPlainTextEdit*>("Text1");
@@ -213,37 +186,40 @@ struct Shown {
     void Click(const char* button) {
         QTest::mouseClick(window.findChild<QWidget*>(button), Qt::LeftButton);
     }
+    Place PlaceOf(const char* button) const {
+        const QRect place = window.findChild<QWidget*>(button)->geometry();
+        return {15 * place.x(), 15 * place.y(), 15 * place.width(), 15 * place.height()};
+    }
 };
 
-struct TerminalTest : testing::Test {
+class TerminalTest : public WindowTest {
+  protected:
     using Script = std::function<void(Shown)>;
 
-    // Opens the terminal, which the script has to leave, or lets it leave while events run before
-    // the port is opened.
-    void Open(const Script& script, bool early = false) {
-        const auto run = [&script] { script({*QApplication::activeModalWidget()}); };
+    // Opens the terminal, which the operator has to leave, or leaves while events run before the
+    // port is opened.
+    void Open(const Script& operate, bool early = false) {
+        const auto run = [&operate] { operate({*QApplication::activeModalWidget()}); };
         QTimer timer;
         timer.setSingleShot(true);
         timer.callOnTimeout(run);
         platform.onDoEvents = [&] { early ? run() : timer.start(0); };
-        terminal.OpenTerminalWindow_Click();
-        EXPECT_FALSE(platform.port != nullptr && platform.port->PortOpen());
+        window.Choose("OpenTerminalWindow");
+        EXPECT_FALSE(platform.terminalLine != nullptr && platform.terminalLine->PortOpen());
     }
     void ExpectError(const char* text) {
-        platform.dialogs.Expect({text, "Error", Buttons::Ok, Icon::Critical}, Answer::Ok);
+        script.Expect({text, "Error", Buttons::Ok, Icon::Critical}, Answer::Ok);
     }
 
-    FakeSerial mainPort;
-    LinePlatform platform;
-    std::unique_ptr<Window> mainWindow = platform.CreateWindow(TerminalDesign);
-    Terminal terminal{platform, mainPort};
+    ScriptedPlatform& platform = window.platform;
+    ScriptedLine& mainPort = *platform.line;
 };
 
 TEST_F(TerminalTest, TakesThePortOverEachTimeItIsShown) {
     EXPECT_FALSE(mainPort.SetCommPort(4) || mainPort.SetSettings("4800,e,7,1"));
     EXPECT_FALSE(mainPort.OpenPort());  // an upload waits
     Open([&](Shown shown) {
-        FakeSerial& port = *platform.port;
+        ScriptedLine& port = *platform.terminalLine;
         EXPECT_FALSE(mainPort.PortOpen());
         EXPECT_EQ(port.CommPort(), 4);
         EXPECT_EQ(port.Settings(), "4800,e,7,1");
@@ -259,10 +235,9 @@ TEST_F(TerminalTest, TakesThePortOverEachTimeItIsShown) {
     EXPECT_FALSE(mainPort.OpenPort());
     Open([&](Shown shown) {
         EXPECT_FALSE(mainPort.PortOpen());
-        EXPECT_TRUE(platform.port->PortOpen());
+        EXPECT_TRUE(platform.terminalLine->PortOpen());
         EXPECT_EQ(shown.text->toPlainText(), "more");  // Exit has only hidden it
         shown.window.close();
-        platform.port = nullptr;
     });
     Open([&](Shown shown) {
         EXPECT_EQ(shown.text->toPlainText(), "");
@@ -274,50 +249,43 @@ TEST_F(TerminalTest, OpensNoPortBehindAWindowThatIsLeft) {
     Open([](Shown shown) { shown.Click("Command2"); }, true);
     Open([](Shown shown) { shown.window.resize(320, 10); }, true);
     Open([&](Shown shown) {
-        EXPECT_TRUE(platform.port->PortOpen());
+        EXPECT_TRUE(platform.terminalLine->PortOpen());
         shown.Click("Command2");
     });
     Open(
         [&](Shown shown) {
             shown.window.close();
-            EXPECT_FALSE(platform.port->PortOpen());
-            platform.port = nullptr;
+            EXPECT_FALSE(platform.terminalLine->PortOpen());
         },
         true);
 }
 
 TEST_F(TerminalTest, SaysOnceThatThereIsNoLine) {
-    platform.openError = "in use";
+    Open([&](Shown shown) { shown.Click("Command2"); });
+    platform.terminalLine->openError = "in use";
     ExpectError("in use");
     Open([&](Shown shown) {
         QTest::keyClicks(shown.text, "abc");
         EXPECT_TRUE(shown.window.isVisible());
         shown.Click("Command2");
     });
-    platform.port->openError.reset();
+    platform.terminalLine->openError.reset();
     Open([&](Shown shown) {
-        platform.port->broken = true;
+        platform.terminalLine->broken = true;
         ExpectError("cannot send");
         QTest::keyClicks(shown.text, "abc");
-        EXPECT_FALSE(platform.port->PortOpen());
+        EXPECT_FALSE(platform.terminalLine->PortOpen());
         EXPECT_EQ(shown.text->toPlainText(), "abcabc");
         shown.Click("Command2");
     });
 }
 
 TEST_F(TerminalTest, LaysItselfOutOrClosesWhenTooSmall) {
-    const auto layout = LayOutTerminal(6000, 7000);
-    ASSERT_TRUE(layout);
-    EXPECT_EQ(layout->text, (Place{120, 60, 5655, 5860}));
-    EXPECT_EQ(layout->clear, (Place{120, 6050, 855, 495}));
-    EXPECT_EQ(layout->exit, (Place{4900, 6050, 855, 495}));
-    EXPECT_TRUE(LayOutTerminal(345, 1140));
-    EXPECT_FALSE(LayOutTerminal(344, 7000));
-    EXPECT_FALSE(LayOutTerminal(6000, 1139));
-
     Open([&](Shown shown) {
         shown.window.resize(392, 440);
-        EXPECT_EQ(shown.text->width(), 377);
+        EXPECT_EQ(shown.PlaceOf("Text1"), (Place{120, 60, 5655, 5865}));
+        EXPECT_EQ(shown.PlaceOf("Command1"), (Place{120, 6060, 855, 495}));
+        EXPECT_EQ(shown.PlaceOf("Command2"), (Place{4905, 6060, 855, 495}));
         shown.window.resize(392, 40);
         EXPECT_FALSE(shown.window.isVisible());
     });

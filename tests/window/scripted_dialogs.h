@@ -30,9 +30,9 @@ inline std::string Shown(const Message& message) {
            std::to_string(static_cast<int>(message.icon));
 }
 
-class FakeDialogs final : public Dialogs {
+class ScriptedDialogs final : public Dialogs {
   public:
-    ~FakeDialogs() override { ExpectNoMore(); }
+    ~ScriptedDialogs() override { ExpectNoMore(); }
 
     // `meanwhile` runs while the box is open.
     void Expect(const Message& message, Answer answer, std::function<void()> meanwhile = {}) {
