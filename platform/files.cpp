@@ -28,6 +28,37 @@ std::string LowerCase(std::string text) {
 
 }  // namespace
 
+std::vector<FileEntry> FilesIn(const std::string& folder) {
+    std::vector<FileEntry> files;
+    std::error_code error;
+    for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code gone;
+        if (!entry->is_symlink(gone) && entry->is_regular_file(gone)) {
+            const std::uintmax_t bytes = entry->file_size(gone);
+            files.push_back({ToUtf8(entry->path().filename()), gone ? 0 : bytes});
+        }
+    }
+    return files;
+}
+
+Error MakeFolder(const std::string& path) {
+    std::error_code error;
+    if (fs::is_directory(ToPath(path), error)) {
+        return std::nullopt;
+    }
+    fs::create_directories(ToPath(path), error);
+    if (!error) {
+        fs::permissions(ToPath(path), fs::perms::owner_all, error);
+    }
+    return error ? Error(path + ": " + error.message()) : std::nullopt;
+}
+
+Error RemoveFile(const std::string& path) {
+    std::error_code error;
+    return fs::remove(ToPath(path), error) ? std::nullopt : Error(path + ": " + error.message());
+}
+
 bool FileExists(const std::string& path) {
     std::error_code error;
     return fs::exists(ToPath(path), error);

@@ -1,9 +1,11 @@
 // Whole files, read and written. Paths and texts are UTF-8; contents are bytes.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/error.h"
 
@@ -33,6 +35,23 @@ namespace varno {
 // A failure leaves the old content whole, or says where its copy is. Whatever a killed program left
 // behind in the folder goes when the file is saved the next time.
 [[nodiscard]] Error WriteFile(const std::string& path, std::string_view bytes);
+
+// Makes a new file, readable for its user alone, whole or not at all. Refused where there is a file
+// of that name.
+[[nodiscard]] Error WriteNewFile(const std::string& path, std::string_view bytes);
+
+// Makes the folder for its user alone, and those that it lies in as the user's mask says.
+[[nodiscard]] Error MakeFolder(const std::string& path);
+
+struct FileEntry {
+    std::string name;
+    std::uintmax_t bytes = 0;
+};
+
+// The ordinary files of a folder in any order, no links; none of a folder that cannot be read.
+std::vector<FileEntry> FilesIn(const std::string& folder);
+
+[[nodiscard]] Error RemoveFile(const std::string& path);
 
 // A file that grows beyond its limit, or a pipe whose reader has gone, is an error like others from
 // now on and does not end the program. Each program calls this at its start.

@@ -27,6 +27,7 @@ constexpr int LongestSilence = 10'000;  // milliseconds that a pipe may take not
 constexpr mode_t WriteRights = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr mode_t NewFileRights = 0666;  // less the user's mask
 constexpr mode_t OwnerOnly = 0600;
+constexpr const char* NewFilePrefix = ".varno-new-";
 
 Error Failure(const std::string& path, const std::string& reason) {
     return path + ": " + reason;
@@ -113,8 +114,8 @@ int WriteAndRename(const FilePlace& place, std::string_view bytes, mode_t rights
 }
 
 // The new file is in its place: nothing is left to do but to make that last.
-Error Finish(const FilePlace& place) {
-    RemoveLeftovers(*place.folder, TemporaryPrefix(place));
+Error Finish(const FilePlace& place, const std::string& prefix) {
+    RemoveLeftovers(*place.folder, prefix);
     // Not every folder can be flushed: one that may not be listed, one on some kinds of network.
     if (::fsync(*place.folder) == 0 || errno == EINVAL || errno == EBADF) {
         return std::nullopt;
@@ -198,7 +199,7 @@ Error Replace(const std::string& path, int old, std::string_view bytes) {
     if (ForbidsRename(error)) {
         return OverwriteInPlace(path, place, bytes);
     }
-    return error == 0 ? Finish(place) : Failure(path, Reason(error));
+    return error == 0 ? Finish(place, TemporaryPrefix(place)) : Failure(path, Reason(error));
 }
 
 Error Create(const std::string& path, std::string_view bytes) {
@@ -207,7 +208,7 @@ Error Create(const std::string& path, std::string_view bytes) {
         return error;
     }
     const int error = WriteAndRename(place, bytes, NewFileRights, [](int) { return true; });
-    return error == 0 ? Finish(place) : Failure(path, Reason(error));
+    return error == 0 ? Finish(place, TemporaryPrefix(place)) : Failure(path, Reason(error));
 }
 
 Error WriteStraight(const std::string& path, int file, std::string_view bytes) {
@@ -283,6 +284,19 @@ Error WriteFile(const std::string& path, std::string_view bytes) {
     }
     return S_ISREG(StatusOf(*file).st_mode) ? Replace(path, *file, bytes)
                                             : WriteStraight(path, *file, bytes);
+}
+
+Error WriteNewFile(const std::string& path, std::string_view bytes) {
+    FilePlace place;
+    if (Error error = FindPlace(path, place)) {
+        return error;
+    }
+    TemporaryFile file(*place.folder, NewFilePrefix, OwnerOnly);
+    if (!file.IsOpen() || !WriteAt(file.Handle(), bytes, 0) || ::fsync(file.Handle()) != 0 ||
+        !file.MoveToNew(place.name)) {
+        return Failure(path, Reason(errno));
+    }
+    return Finish(place, NewFilePrefix);
 }
 
 void SurviveFailedWrites() {

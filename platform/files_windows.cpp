@@ -85,6 +85,18 @@ Error WriteFile(const std::string& path, std::string_view bytes) {
     return failure;
 }
 
+Error WriteNewFile(const std::string& path, std::string_view bytes) {
+    const fs::path target = ToPath(path);
+    const fs::path temporary =
+        target.parent_path() / (".varno-new-" + std::to_string(::_getpid()) + ".tmp");
+    const bool written = WriteAndFlush(OpenFile(temporary, L"wb"), bytes) &&
+                         ::MoveFileExW(temporary.c_str(), target.c_str(), 0) != 0;
+    if (!written) {
+        ::_wremove(temporary.c_str());
+    }
+    return written ? std::nullopt : Failure(path, errno);
+}
+
 void SurviveFailedWrites() {}  // here a failed write is never a signal
 
 struct FileLock::Held {

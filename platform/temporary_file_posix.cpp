@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <iomanip>
 #include <memory>
 #include <random>
@@ -62,6 +63,15 @@ bool TemporaryFile::MoveTo(const std::string& name) {
     }
     Keep();
     return true;
+}
+
+bool TemporaryFile::MoveToNew(const std::string& name) {
+    // Not every file system renames in this way; those that do not have links.
+    if (::renameat2(folder_, name_.c_str(), folder_, name.c_str(), RENAME_NOREPLACE) == 0) {
+        Keep();
+        return true;
+    }
+    return errno == EINVAL && ::linkat(folder_, name_.c_str(), folder_, name.c_str(), 0) == 0;
 }
 
 void RemoveLeftovers(int folder, const std::string& prefix) {

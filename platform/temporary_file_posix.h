@@ -25,7 +25,8 @@ class TemporaryFile {
     int Handle() const { return *file_; }
     const std::string& Name() const { return name_; }
 
-    bool MoveTo(const std::string& name);  // in the same folder, over what is there
+    bool MoveTo(const std::string& name);     // in the same folder, over what is there
+    bool MoveToNew(const std::string& name);  // in the same folder, over nothing
     void Keep() { name_.clear(); }
 
   private:

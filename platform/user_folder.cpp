@@ -10,14 +10,24 @@ std::string Environment(const char* name) {
     return value != nullptr ? value : "";
 }
 
+// Empty where neither the variable nor the home is set.
+std::string Folder(const char* variable, const char* inHome) {
+    const std::string set = Environment(variable);
+    const std::string home = Environment("HOME");
+    if (set.empty() && home.empty()) {
+        return "";
+    }
+    return (set.empty() ? home + inHome : set) + "/VarnoTicketFormatter";
+}
+
 }  // namespace
 
 std::string UserDataFolder() {
-    std::string data = Environment("XDG_DATA_HOME");
-    if (data.empty()) {
-        data = Environment("HOME") + "/.local/share";
-    }
-    return data + "/VarnoTicketFormatter";
+    return Folder("XDG_DATA_HOME", "/.local/share");
+}
+
+std::string UserStateFolder() {
+    return Folder("XDG_STATE_HOME", "/.local/state");
 }
 
 }  // namespace varno

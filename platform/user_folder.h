@@ -8,4 +8,8 @@ namespace varno {
 // stands for it.
 std::string UserDataFolder();
 
+// Where they keep what is the user's but no document of his: XDG_STATE_HOME or what stands for it.
+// Empty for a user without a home.
+std::string UserStateFolder();
+
 }  // namespace varno

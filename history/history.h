@@ -1,0 +1,49 @@
+// The history: dated copies of what was in the window and in files that were replaced, so that
+// nothing is ever gone. Copies are whole or not there, and readable for their user alone.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "history/copy.h"
+#include "platform/error.h"
+
+namespace varno {
+
+// What the history keeps. The newest copy of each block and ticket stays in any case.
+struct HistoryLimits {
+    std::chrono::days age{365};
+    std::uintmax_t bytes = 200'000'000;  // of all copies
+};
+
+// The folder of the history; empty for a user without a home.
+std::string HistoryFolder();
+
+// Several programs may use the same folder at once. Files in it that are no copies are left alone.
+class History {
+  public:
+    explicit History(std::string folder, HistoryLimits limits = {})
+        : folder_(std::move(folder)), limits_(limits) {}
+
+    std::vector<Copy> Copies() const;  // newest first
+
+    [[nodiscard]] Error Read(const Copy& copy, std::string& content) const;
+
+    // Makes a copy, unless the newest one of that name holds the same. Then the oldest copies go
+    // until the limits are kept.
+    [[nodiscard]] Error Keep(Copy copy, std::string_view content) const;
+
+  private:
+    struct Kept;
+    std::vector<Kept> Files() const;
+    bool Holds(const Kept& kept, std::string_view content) const;
+    void Prune(CopyTime now) const;
+    std::string PathOf(const std::string& fileName) const { return folder_ + "/" + fileName; }
+
+    std::string folder_;
+    HistoryLimits limits_;
+};
+
+}  // namespace varno

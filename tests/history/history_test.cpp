@@ -1,0 +1,182 @@
+// Copies on a real disk: every one whole, none lost but by age and size, whatever happens
+// meanwhile.
+#include "history/history.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <random>
+
+#include "history/history_keeper.h"
+#include "platform/files.h"
+
+namespace varno {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+constexpr CopyTime Noon = std::chrono::sys_days(std::chrono::year(2026) / 11 / 23) + 12h;
+
+class HistoryTest : public testing::Test {
+  protected:
+    HistoryTest() {
+        std::string name = (fs::temp_directory_path() / "varno-history-XXXXXX").string();
+        place_ = mkdtemp(name.data());
+    }
+    ~HistoryTest() override { fs::remove_all(place_); }
+
+    std::string Folder() const { return (place_ / "state" / "history").string(); }
+    History Open(HistoryLimits limits = {}) const { return History(Folder(), limits); }
+    // Newest first: file name, "=", content.
+    std::string Shown() const {
+        std::string shown;
+        for (const Copy& copy : Open().Copies()) {
+            std::string content = "unreadable";
+            EXPECT_EQ(Open().Read(copy, content), std::nullopt);
+            shown += FileNameOf(copy) + "=" + content + "\n";
+        }
+        return shown;
+    }
+
+    fs::path place_;
+};
+
+TEST_F(HistoryTest, FileNamesTellAll) {
+    const std::string longName(119, 'a');
+    const std::pair<Copy, std::string> names[] = {
+        {{Noon, Cause::Uploaded, "COM3", "Shop1"}, "uploaded-COM3_Shop1.VRB"},
+        {{Noon, Cause::Close, "", "", CopyKind::Ticket}, "close_.VRT"},
+        {{Noon, Cause::Put, "", "../a_b%2F\n.VRT"}, "put_..%2Fa_b%252F%0A.VRT.VRB"},
+        {{Noon, Cause::Save, "", longName + "ä"}, "save_" + longName + ".VRB"},
+        {{Noon, Cause::Save, "", longName + "/"}, "save_" + longName + ".VRB"}};
+    for (const auto& [copy, end] : names) {
+        EXPECT_EQ(FileNameOf(copy), "20261123T120000000Z_" + end);
+        const std::optional<Copy> read = CopyOfName(FileNameOf(copy));
+        ASSERT_TRUE(read) << end;
+        EXPECT_TRUE(copy.name.starts_with(read->name)) << end;
+        EXPECT_TRUE(*read == copy || copy.name.size() > 119) << end;
+    }
+    for (const char* foreign :
+         {"", "notes.txt", "20261123T120000000Z_put_.txt", "20260230T120000000Z_put_.VRB",
+          "20261123T120000000Z", "20261123T120000000Z_eaten_.VRB", "20261123T120000000Z_put.VRB",
+          "20261123T120000000Z_put_%2f.VRB", "20261123T126000000Z_put_.VRB", ".varno-new-0"}) {
+        EXPECT_FALSE(CopyOfName(foreign)) << foreign;
+    }
+}
+
+TEST_F(HistoryTest, KeepsEachContentOnceAndPrivately) {
+    const History history = Open();
+    Copy copy{.time = Noon, .cause = Cause::Delete, .name = "Shop1"};
+    for (const char* content : {"A", "A", "B", "A"}) {
+        EXPECT_EQ(history.Keep(copy, content), std::nullopt);  // all at the same millisecond
+    }
+    copy.name = "Shop2";
+    copy.time -= 24h;  // the clock was put back
+    EXPECT_EQ(history.Keep(copy, "A"), std::nullopt);
+    EXPECT_EQ(Shown(),
+              "20261123T120000002Z_delete_Shop1.VRB=A\n"
+              "20261123T120000001Z_delete_Shop1.VRB=B\n"
+              "20261123T120000000Z_delete_Shop1.VRB=A\n"
+              "20261122T120000000Z_delete_Shop2.VRB=A\n");
+    struct stat status {};
+    ASSERT_EQ(stat(Folder().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0700U);
+    for (const auto& file : fs::directory_iterator(Folder())) {
+        EXPECT_EQ(static_cast<unsigned>(file.status().permissions()), 0600U) << file.path();
+    }
+}
+
+TEST_F(HistoryTest, RemovesTheOldestButNeverTheLastOfAName) {
+    const History history = Open({.age = std::chrono::days(10), .bytes = 10});
+    ASSERT_EQ(history.Keep({.time = Noon - 9999h, .name = "once"}, "1234567890"), std::nullopt);
+    ASSERT_EQ(WriteFile(Folder() + "/notes.txt", std::string(99, 'x')), std::nullopt);
+    for (int day = 0; day < 12; ++day) {
+        ASSERT_EQ(history.Keep({.time = Noon + day * 24h, .name = "often"}, std::to_string(day)),
+                  std::nullopt);
+    }
+    // Of two bytes each, the newest fit beside nothing else: "11", "10", "9" to "4".
+    const std::string shown = Shown();
+    EXPECT_TRUE(shown.starts_with("20261204T120000000Z_unsaved_often.VRB=11\n")) << shown;
+    EXPECT_NE(shown.find("often.VRB=4\n"), std::string::npos) << shown;
+    EXPECT_EQ(shown.find("often.VRB=3\n"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("once.VRB=1234567890\n"), std::string::npos) << shown;
+    EXPECT_TRUE(FileExists(Folder() + "/notes.txt"));
+
+    ASSERT_EQ(Open({.age = std::chrono::days(10)}).Keep({.time = Noon + 9000h, .name = "new"}, "n"),
+              std::nullopt);
+    EXPECT_EQ(Open().Copies().size(), 3U) << Shown();
+}
+
+TEST_F(HistoryTest, IsWholeWhenProgramsAreKilledWhileTheyWrite) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 200; ++i) {
+        const pid_t child = fork();
+        if (child == 0) {
+            for (char fill = 'a';; fill = fill == 'z' ? 'a' : static_cast<char>(fill + 1)) {
+                (void)Open().Keep({.time = Noon + i * 1s, .name = "Shop"}, std::string(8009, fill));
+            }
+        }
+        usleep(static_cast<useconds_t>(random() % 4000));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+    }
+    ASSERT_EQ(Open().Keep({.time = Noon + 300s, .name = "Shop"}, std::string(8009, '.')),
+              std::nullopt);
+    const std::vector<Copy> copies = Open().Copies();
+    EXPECT_GT(copies.size(), 10U);
+    for (const Copy& copy : copies) {
+        std::string content;
+        ASSERT_EQ(Open().Read(copy, content), std::nullopt);
+        EXPECT_EQ(content, std::string(8009, content.at(0))) << FileNameOf(copy);
+    }
+    // What the killed ones left half written has gone.
+    EXPECT_EQ(FilesIn(Folder()).size(), copies.size());
+}
+
+TEST_F(HistoryTest, LosesNothingOfSeveralProgramsAtOnce) {
+    for (int program = 0; program < 4; ++program) {
+        if (fork() == 0) {
+            bool failed = false;
+            for (int i = 0; i < 10; ++i) {
+                const std::string content = std::to_string(program) + " " + std::to_string(i);
+                failed |= Open().Keep({.time = Noon, .name = "Shop"}, content).has_value();
+            }
+            _exit(failed ? 1 : 0);
+        }
+    }
+    for (int status = 0; wait(&status) > 0;) {
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_EQ(Open().Copies().size(), 40U) << Shown();
+}
+
+TEST_F(HistoryTest, SaysWhatCouldNotBeKeptAndGoesOn) {
+    SurviveFailedWrites();
+    EXPECT_NE(History("").Keep({}, "x"), std::nullopt);
+    EXPECT_NE(History("/proc/none/history").Keep({}, "x"), std::nullopt);
+
+    HistoryKeeper keeper(Folder());
+    rlimit whole{};
+    getrlimit(RLIMIT_FSIZE, &whole);
+    const rlimit full{4000, whole.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);  // the disk is full after so many bytes
+    keeper.Keep({.name = "Shop"}, std::string(8009, 'x'));
+    const Error trouble = keeper.Settle();
+    setrlimit(RLIMIT_FSIZE, &whole);
+    EXPECT_NE(trouble, std::nullopt);
+    EXPECT_TRUE(FilesIn(Folder()).empty());
+
+    keeper.Keep({.name = "Shop"}, std::string(8009, 'y'));
+    EXPECT_EQ(keeper.Settle(), std::nullopt);
+    EXPECT_EQ(Open().Copies().size(), 1U);
+}
+
+}  // namespace
+}  // namespace varno
