@@ -1,5 +1,7 @@
 #include "app/about.h"
 
+#include "platform/version.h"
+
 namespace varno {
 namespace {
 
@@ -9,13 +11,8 @@ constexpr const char* ContactLine = "Questions and faults: the project's issue t
 
 }  // namespace
 
-std::string VersionText(const ProgramInfo& program) {
-    return std::to_string(program.major) + "." + std::to_string(program.minor) + "." +
-           std::to_string(program.revision);
-}
-
 void about_Click(Platform& platform) {
-    platform.Ask().ShowMessage("Varno TICKET FORMATTER version " + VersionText(platform.App()) +
+    platform.Ask().ShowMessage("Varno TICKET FORMATTER version " + std::string(Version) +
                                    EmptyLine + MakerLine + EmptyLine + ContactLine,
                                ApplicationTitle, Buttons::Ok, Icon::None);
 }

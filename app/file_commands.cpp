@@ -2,7 +2,7 @@
 
 #include "app/path_rules.h"
 #include "block/block_file.h"
-#include "block/parse.h"
+#include "block/ticket_list_view.h"
 #include "block/unsaved_question.h"
 #include "codec/text_limits.h"
 #include "platform/files.h"

@@ -9,16 +9,13 @@
 #include "app/settings.h"
 #include "codec/catalogue.h"
 #include "codec/insert.h"
+#include "link/communications.h"
+#include "platform/version.h"
 
 namespace varno {
 namespace {
 
 constexpr int InBufferSize = 8092;
-
-Catalogues CataloguesIn(const std::string& folder) {
-    const auto path = [&](std::string_view name) { return folder + "/" + std::string(name); };
-    return {.controlCodes = path(ControlCatalogueName), .printCodes = path(PrintCatalogueName)};
-}
 
 std::string KeyButtonName(std::size_t key) {
     return "KeyAssignment(" + std::to_string(key) + ")";
@@ -165,7 +162,7 @@ void Form1::Form_Load() {
     LoadCommunications(settings, *msComm1_);
     window_->SetMinimumSize(MinimumWidth, MinimumHeight);
     LoadWindowSize(settings, *window_);
-    window_->SetCaption(platform_.App().exeName + " " + VersionText(platform_.App()));
+    window_->SetCaption(platform_.App().exeName + " " + std::string(Version));
     OpenFileOfCommandLine();
     InsertPlain(controls_.RichText);
     state_.TicketChanged = false;

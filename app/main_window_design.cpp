@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "block/rows.h"
+
 namespace varno {
 namespace {
 
@@ -64,10 +66,10 @@ constexpr std::array Controls{
                   .place = {60, 60, 675, 555},
                   .enabled = false,
                   .accessibleName = "Move ticket to editor"},
-    KeyButton("KeyAssignment(0)", "Print", 720),
-    KeyButton("KeyAssignment(1)", "Start", 960),
-    KeyButton("KeyAssignment(2)", "In", 1200),
-    KeyButton("KeyAssignment(3)", "Out", 1440),
+    KeyButton("KeyAssignment(0)", KeyNames[0], 720),
+    KeyButton("KeyAssignment(1)", KeyNames[1], 960),
+    KeyButton("KeyAssignment(2)", KeyNames[2], 1200),
+    KeyButton("KeyAssignment(3)", KeyNames[3], 1440),
     ControlDesign{.name = "DeleteButton",
                   .kind = Kind::Button,
                   .caption = "Delete",

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/working_state.h"
-#include "platform/serial/serial_control.h"
 #include "platform/settings_store.h"
 #include "platform/window.h"
 
@@ -11,10 +10,6 @@ namespace varno {
 // Each part of the table, read and written.
 void LoadFolders(const SettingsStore& store, Folders& folders);
 void SaveFolders(SettingsStore& store, const Folders& folders);
-
-// A stored value that the serial control refuses falls back to its default.
-void LoadCommunications(const SettingsStore& store, SerialControl& serial);
-void SaveCommunications(SettingsStore& store, const SerialControl& serial);
 
 void LoadWindowSize(const SettingsStore& store, Window& window);
 // Place and size only of a window in its normal state.

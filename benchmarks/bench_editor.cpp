@@ -168,15 +168,13 @@ int main(int argc, char** argv) try {
     varno::WriteCatalogues(path);
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     varno::QtPlatform platform(
-        {.exeName = "bench", .path = path, .dataFolder = path, .commandLine = ""});
+        {.exeName = "bench", .path = path, .portsFolder = path, .commandLine = ""});
     varno::Form1 form(platform);
     form.Form_Load();
     form.Show();
     auto& editor =
         dynamic_cast<varno::QtRichTextBox&>(form.MainWindow().Get<varno::RichTextBox>("RichText"));
-    const varno::Catalogues catalogues{
-        .controlCodes = path + "/" + std::string(varno::ControlCatalogueName),
-        .printCodes = path + "/" + std::string(varno::PrintCatalogueName)};
+    const varno::Catalogues catalogues = varno::CataloguesIn(path);
     varno::BenchCodec(editor, catalogues);
     varno::BenchKey(editor);
     varno::BenchPicker(platform, catalogues);

@@ -1,7 +1,6 @@
 #include "block/block_file.h"
 
 #include <algorithm>
-#include <cctype>
 #include <map>
 #include <utility>
 
@@ -35,7 +34,7 @@ void CheckFrame(const std::string& image, Faults& faults) {
 }
 
 void CheckDigits(const std::string& image, Faults& faults) {
-    const auto isDigit = [](unsigned char c) { return std::isxdigit(c) != 0; };
+    const auto isDigit = [](char c) { return HexDigit(c) >= 0; };
     const auto begin = image.begin() + std::min<std::ptrdiff_t>(1, std::ssize(image));
     const auto bad = std::find_if_not(begin, image.end(), isDigit);
     if (bad != image.end()) {
@@ -68,9 +67,9 @@ void CheckRecords(const std::string& image, std::size_t endMarker, Faults& fault
         if (isHeader && open != 0) {
             faults.push_back(Ticket(open) + " has no end.");
         }
-        if (isHeader && (WordValueAt(image, p) < 200 || WordValueAt(image, p) > 999)) {
-            faults.push_back(Ticket(WordValueAt(image, p)) + " has a number outside of 200 to 999" +
-                             Column(p) + ".");
+        if (isHeader && !IsTicketNumber(WordValueAt(image, p))) {
+            faults.push_back(Ticket(WordValueAt(image, p)) + " has a number outside of " +
+                             TicketNumbers(" to ") + Column(p) + ".");
         }
         if (!isHeader && open == 0) {
             faults.push_back("There is something between the tickets" + Column(p) + ".");

@@ -87,7 +87,7 @@ class Line {
         int number = 0;
         const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
         if (error != std::errc() || end != word.data() + word.size() || !IsTicketNumber(number)) {
-            Refuse("A ticket number lies between 200 and 999.");
+            Refuse("A ticket number lies between " + TicketNumbers(" and ") + ".");
         }
         return number;
     }

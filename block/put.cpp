@@ -20,8 +20,8 @@ void PutCommand::TicketNumber_Change() {
 void PutCommand::PutButton_Click() {
     const int ticketNumber = LeadingNumber(controls_.TicketNumber.Text());
     if (!IsTicketNumber(ticketNumber)) {
-        dialogs_.ShowMessage("Enter a valid ticket number (200..999).", "Bad Ticket Number",
-                             Buttons::Ok, Icon::Exclamation);
+        dialogs_.ShowMessage("Enter a valid ticket number (" + TicketNumbers("..") + ").",
+                             "Bad Ticket Number", Buttons::Ok, Icon::Exclamation);
         controls_.TicketNumber.SetFocus();
     } else {
         if (!ConfirmOverwriting(ticketNumber)) {

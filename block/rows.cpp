@@ -2,6 +2,11 @@
 
 namespace varno {
 
+std::string TicketNumbers(std::string_view between) {
+    return std::to_string(FirstTicketNumber) + std::string(between) +
+           std::to_string(LastTicketNumber);
+}
+
 int LeadingNumber(std::string_view text) {
     int number = 0;
     for (const char c : text) {

@@ -16,6 +16,9 @@ constexpr bool IsTicketNumber(int number) {
     return number >= FirstTicketNumber && number <= LastTicketNumber;
 }
 
+// The first and the last, as sentences name them: "200 to 999".
+std::string TicketNumbers(std::string_view between);
+
 inline constexpr int KeyCount = 4;
 inline constexpr int NoKey = -1;
 

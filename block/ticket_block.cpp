@@ -87,6 +87,11 @@ void TicketBlock::LoadKeys() {
     }
 }
 
+int TicketBlock::KeyOf(int ticketNumber) const {
+    const auto key = std::find(KeyTicket.begin(), KeyTicket.end(), ticketNumber);
+    return key == KeyTicket.end() ? NoKey : static_cast<int>(key - KeyTicket.begin());
+}
+
 PutResult TicketBlock::PutRecord(int ticketNumber, std::string_view record) {
     if (!IsImage(TicketBuffer)) {
         TicketBuffer = NewTicketBuffer();

@@ -27,6 +27,9 @@ struct TicketBlock {
     // Loads KeyTicket from the key words, unless there is no end marker.
     void LoadKeys();
 
+    // The first key that prints the ticket, or NoKey.
+    int KeyOf(int ticketNumber) const;
+
     // Sets BufferUsed and BufferFree. False if there is no end marker: both then stay as they were.
     bool LocateEndMarker();
 

@@ -1,12 +1,42 @@
 #include "block/ticket_list_view.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "block/unsaved_question.h"
 #include "codec/memory_editor.h"
 
 namespace varno {
+
+namespace {
+
+// The list sorts by itself, but a long list of a wrong file fills much faster in order.
+std::vector<std::string> SortedRows(const TicketBlock& block) {
+    std::vector<std::string> rows;
+    for (const int ticketNumber : block.Tickets()) {
+        rows.push_back(std::to_string(ticketNumber));
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+}  // namespace
+
+void ParseTicketBuffer(TicketBlock& block, ListBox& ticketList, Label& message) {
+    message.SetCaption("");
+    block.LoadKeys();
+    for (const std::string& row : SortedRows(block)) {
+        ticketList.AddItem(row);
+    }
+    for (int i = 0; i < ticketList.ListCount(); ++i) {
+        const std::string row = ticketList.List(i);
+        if (const int key = block.KeyOf(LeadingNumber(row)); key != NoKey) {
+            ticketList.SetItem(i, row + ' ' + KeyLetter(key));
+        }
+    }
+}
 
 TicketListView::TicketListView(const BlockControls& controls, Dialogs& dialogs,
                                const TicketBlock& block, bool& ticketChanged, Catalogues catalogues,
@@ -28,7 +58,7 @@ void TicketListView::TicketList_Click() {
     }
     const std::string row = controls_.TicketList.List(selected);
     controls_.EditButton.SetToolTip("Move ticket " + row + "  to editor.");
-    for (std::size_t key = 0; key < KeyNames.size(); ++key) {
+    for (std::size_t key = 0; key < KeyCount; ++key) {
         ToggleButton& button = *controls_.KeyAssignment[key];
         button.SetToolTip("Assign ticket " + row + "  to Varno '" + std::string(KeyNames[key]) +
                           "' key.");

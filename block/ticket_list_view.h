@@ -12,6 +12,10 @@
 
 namespace varno {
 
+// Shows the block's tickets: clears `message`, loads the keys, adds a row for each ticket and marks
+// the rows of bound tickets. Rows that the list holds already stay: the caller clears it first.
+void ParseTicketBuffer(TicketBlock& block, ListBox& ticketList, Label& message);
+
 class TicketListView {
   public:
     TicketListView(const BlockControls& controls, Dialogs& dialogs, const TicketBlock& block,

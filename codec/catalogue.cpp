@@ -5,8 +5,8 @@
 #include <fstream>
 #include <system_error>
 
+#include "codec/code_name.h"
 #include "codec/windows1252.h"
-#include "codec/word.h"
 
 namespace varno {
 namespace {
@@ -42,6 +42,11 @@ bool IsRow(std::string_view line) {
 
 }  // namespace
 
+Catalogues CataloguesIn(const std::string& folder) {
+    const auto path = [&](std::string_view name) { return folder + "/" + std::string(name); };
+    return {.controlCodes = path(ControlCatalogueName), .printCodes = path(PrintCatalogueName)};
+}
+
 std::string LoadCatalogue(const std::string& path, std::vector<CatalogueRow>& rows) {
     rows.clear();
     errno = 0;
@@ -54,12 +59,14 @@ std::string LoadCatalogue(const std::string& path, std::vector<CatalogueRow>& ro
     return std::generic_category().message(errno != 0 ? errno : EIO);
 }
 
-std::u16string FindCodeComment(const std::string& path, std::string_view code3) {
-    std::ifstream file(path, std::ios::binary);
+std::u16string FindCodeComment(const Catalogues& catalogues, Word code) {
+    const bool control = ClassOf(code) == ControlCodeClass;
+    const std::string digits = CodeName(code).substr(1);
+    std::ifstream file(control ? catalogues.controlCodes : catalogues.printCodes, std::ios::binary);
     std::string line;
     while (ReadLine(file, line)) {
         const std::string_view text = line;
-        if (text.substr(0, CodeDigits) == code3) return UpperCased(text.substr(CodeDigits));
+        if (text.substr(0, CodeDigits) == digits) return UpperCased(text.substr(CodeDigits));
     }
     return {};
 }

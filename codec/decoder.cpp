@@ -1,16 +1,15 @@
 #include "codec/decoder.h"
 
-#include "codec/catalogue.h"
+#include "codec/code_name.h"
 #include "codec/insert.h"
 
 namespace varno {
 namespace {
 
-std::u16string Decimal(int number, std::size_t minDigits = 1) {
-    std::u16string digits;
-    for (; number > 0 || digits.size() < minDigits; number /= 10)
-        digits.insert(digits.begin(), static_cast<char16_t>(u'0' + number % 10));
-    return digits;
+// The digits of a code, as its mark has them.
+std::u16string Digits(Word code) {
+    const std::string name = CodeName(code);
+    return {name.begin() + 1, name.end()};
 }
 
 // Lays out the pieces of a ticket in an editor that was empty, the caret always at the end.
@@ -28,23 +27,22 @@ class TicketWriter {
         lineStart_ = true;
     }
 
-    void AsciiMark(int number) {
-        InsertAsciiMark(editor_, Decimal(number));
+    void AsciiMark(Word code) {
+        InsertAsciiMark(editor_, Digits(code));
         lineStart_ = false;
     }
 
     // With the green space that keeps text typed behind it apart from the mark.
-    void AsciiMarkApart(int number) {
-        AsciiMark(number);
+    void AsciiMarkApart(Word code) {
+        AsciiMark(code);
         InsertComment(editor_, u" ");
         InsertPlain(editor_);
     }
 
     using InsertProcedure = void (*)(MarkedEditor&, std::u16string_view);
-    void CodeLine(InsertProcedure insertMark, const std::u16string& code,
-                  std::u16string_view comment) {
+    void CodeLine(InsertProcedure insertMark, Word code, std::u16string_view comment) {
         if (!lineStart_) InsertPlain(editor_, LineBreak);
-        insertMark(editor_, code);
+        insertMark(editor_, Digits(code));
         InsertComment(editor_, comment);
         InsertPlain(editor_, LineBreak);
         lineStart_ = true;
@@ -55,15 +53,8 @@ class TicketWriter {
     bool lineStart_ = true;  // the text is empty or ends with a line break
 };
 
-void ShowCode(TicketWriter& ticket, TicketWriter::InsertProcedure insertMark, int number,
-              const std::string& catalogue) {
-    const std::u16string code = Decimal(number, CodeDigits);
-    ticket.CodeLine(insertMark, code,
-                    FindCodeComment(catalogue, std::string(code.begin(), code.end())));
-}
-
 // Shows a character word; answers whether a CR now waits for its LF.
-bool ShowCharacter(TicketWriter& ticket, int value, bool pendingCR) {
+bool ShowCharacter(TicketWriter& ticket, Word value, bool pendingCR) {
     if (value == '\r') return true;
     if (value == '\n' && pendingCR)
         ticket.LineEnd();
@@ -97,11 +88,11 @@ void TicketDecoder::DecodeTicket(std::span<const Word> words, int ticketNumber,
         }
         if (wordClass == TicketEndClass) return;
         if (wordClass == CharacterClass)
-            pendingCR_ = ShowCharacter(ticket, value, pendingCR_);
+            pendingCR_ = ShowCharacter(ticket, word, pendingCR_);
         else if (wordClass == ControlCodeClass)
-            ShowCode(ticket, InsertControlMark, value, catalogues.controlCodes);
+            ticket.CodeLine(InsertControlMark, word, FindCodeComment(catalogues, word));
         else if (wordClass == PrintCodeClass)
-            ShowCode(ticket, InsertPrintMark, value, catalogues.printCodes);
+            ticket.CodeLine(InsertPrintMark, word, FindCodeComment(catalogues, word));
     }
 }
 

@@ -2,19 +2,14 @@
 #pragma once
 
 #include <span>
-#include <string>
 
+#include "codec/catalogue.h"
 #include "codec/marked_editor.h"
 #include "codec/word.h"
 
 namespace varno {
 
 // Where the comments of codes are looked up: paths of the two catalogue files.
-struct Catalogues {
-    std::string controlCodes;
-    std::string printCodes;
-};
-
 // Decodes one ticket out of a sequence of words. `PendingCR` outlives a call: a CR that the
 // sequence ended on is still waiting for its LF at the next one.
 class TicketDecoder {

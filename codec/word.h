@@ -37,6 +37,9 @@ constexpr int ValueOf(Word word) {
     return word & 0x07FF;
 }
 
+// The value of a hexadecimal digit in either case, or -1.
+int HexDigit(char character);
+
 // Four upper-case digits.
 std::string WordHex(Word word);
 

@@ -1,6 +1,6 @@
 #include "link/upload.h"
 
-#include "block/parse.h"
+#include "block/ticket_list_view.h"
 
 namespace varno {
 

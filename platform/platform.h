@@ -15,11 +15,8 @@ namespace varno {
 struct ProgramInfo {
     std::string exeName;      // file name without extension
     std::string path;         // folder of the executable, found through links
-    std::string dataFolder;   // per-user data
+    std::string portsFolder;  // the user's own numbering of serial ports
     std::string commandLine;  // the arguments, joined by blanks
-    int major = 1;
-    int minor = 0;
-    int revision = 2;
 };
 
 // The title of message boxes that have none of their own.

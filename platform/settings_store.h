@@ -14,4 +14,8 @@ class SettingsStore {
                              const std::string& value) = 0;
 };
 
+// The number that a value begins with, 0 without one or beyond all measure.
+int GetNumber(const SettingsStore& store, const std::string& section, const std::string& key,
+              int defaultValue);
+
 }  // namespace varno

@@ -12,12 +12,12 @@ std::string Environment(const char* name) {
 
 // Empty where neither the variable nor the home is set.
 std::string Folder(const char* variable, const char* inHome) {
-    const std::string set = Environment(variable);
+    const std::string set = Environment(variable);  // counts if it is absolute
     const std::string home = Environment("HOME");
     if (set.empty() && home.empty()) {
         return "";
     }
-    return (set.empty() ? home + inHome : set) + "/VarnoTicketFormatter";
+    return (set.starts_with('/') ? set : home + inHome) + "/VarnoTicketFormatter";
 }
 
 }  // namespace
@@ -28,6 +28,10 @@ std::string UserDataFolder() {
 
 std::string UserStateFolder() {
     return Folder("XDG_STATE_HOME", "/.local/state");
+}
+
+std::string PortsFolder() {
+    return UserDataFolder() + "/ports";
 }
 
 }  // namespace varno

@@ -12,4 +12,7 @@ std::string UserDataFolder();
 // Empty for a user without a home.
 std::string UserStateFolder();
 
+// Where they look for links named COM<n>: the user's own numbering of serial ports.
+std::string PortsFolder();
+
 }  // namespace varno

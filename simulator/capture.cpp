@@ -1,6 +1,5 @@
 #include "simulator/capture.h"
 
-#include <cctype>
 #include <utility>
 
 #include "block/image.h"
@@ -12,7 +11,7 @@ namespace {
 // What is wrong with an image of full length; empty if it is right.
 std::string FaultOf(const std::string& image) {
     for (std::size_t i = 1; i < image.size(); ++i) {
-        if (std::isxdigit(static_cast<unsigned char>(image[i])) == 0) {
+        if (HexDigit(image[i]) < 0) {
             return "character " + std::to_string(i + 1) + " is not a hexadecimal digit";
         }
     }

@@ -41,7 +41,7 @@ constexpr const char* Usage =
 
 struct Options {
     int port = 0;
-    std::string portsFolder = DefaultPortsFolder();
+    std::string portsFolder = PortsFolder();
     std::string catalogues;
     std::string blockFile;
     std::string paperFile;

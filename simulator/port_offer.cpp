@@ -6,7 +6,6 @@
 
 #include "platform/serial/port_numbers.h"
 #include "platform/serial/serial_settings.h"
-#include "platform/user_folder.h"
 #include "simulator/pseudo_terminal.h"
 
 namespace varno {
@@ -23,10 +22,6 @@ bool IsLeftBehind(const std::string& target, const std::string& newDevice) {
 }
 
 }  // namespace
-
-std::string DefaultPortsFolder() {
-    return UserDataFolder() + "/ports";
-}
 
 void PortOffer::Offer(const std::string& device) {
     fs::create_directories(folder_);

@@ -6,9 +6,6 @@
 
 namespace varno {
 
-// Where the program looks, by the user's environment.
-std::string DefaultPortsFolder();
-
 class PortOffer {
   public:
     // 0 takes the first number that is no port yet.

@@ -45,11 +45,9 @@ int KeyIndex(const std::string& text) {
 }
 
 MarkedText Decoded(const Request& request, const OpenedBlock& file, int number) {
-    const std::string folder = request.catalogueFolder + "/";
-    const Catalogues catalogues = {folder + std::string(ControlCatalogueName),
-                                   folder + std::string(PrintCatalogueName)};
     MemoryEditor editor;
-    TicketDecoder().DecodeTicket(WordsOf(file.Block.TicketBuffer), number, catalogues, editor);
+    TicketDecoder().DecodeTicket(WordsOf(file.Block.TicketBuffer), number,
+                                 CataloguesIn(request.catalogueFolder), editor);
     return editor.Content();
 }
 
@@ -134,7 +132,7 @@ void Extract(const Request& request) {
 void Put(const Request& request) {
     const int number = TicketNumber(request.operands[1]);
     if (!IsTicketNumber(number))
-        throw Refusal(Ending::WrongUsage, "a ticket number lies between 200 and 999");
+        throw Refusal(Ending::WrongUsage, "a ticket number lies between " + TicketNumbers(" and "));
     if (IsStandardInput(request.operands[0]) && IsStandardInput(request.operands[2]))
         throw Refusal(Ending::WrongUsage, "block and ticket cannot both come from standard input");
     const std::string record = RecordIn(request.operands[2], number);

@@ -24,12 +24,8 @@ struct ReadBlock {
 };
 
 CodeComment Comments(const Request& request) {
-    return [folder = request.catalogueFolder + "/"](Word word) {
-        const bool control = ClassOf(word) == ControlCodeClass;
-        const std::string name(control ? ControlCatalogueName : PrintCatalogueName);
-        std::string code = std::to_string(ValueOf(word));
-        code.insert(0, CodeDigits - std::min(CodeDigits, code.size()), '0');
-        const std::string comment = ToUtf8(FindCodeComment(folder + name, code));
+    return [catalogues = CataloguesIn(request.catalogueFolder)](Word code) {
+        const std::string comment = ToUtf8(FindCodeComment(catalogues, code));
         return comment.substr(comment.starts_with(' ') ? 1 : 0);
     };
 }

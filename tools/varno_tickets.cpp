@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "platform/files.h"
+#include "platform/version.h"
 #include "tools/commands.h"
 #include "tools/refusal.h"
 
@@ -42,7 +43,7 @@ void PrintHelp() {
 }
 
 void PrintVersion() {
-    std::cout << "varno-tickets " VARNO_VERSION "\n";
+    std::cout << "varno-tickets " << Version << '\n';
 }
 
 bool Takes(const Command& command, std::size_t operands) {

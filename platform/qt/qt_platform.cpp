@@ -3,12 +3,12 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QIcon>
-#include <QStandardPaths>
 
 #include "platform/qt/measures.h"
 #include "platform/qt/qt_window.h"
 #include "platform/qt/serial/serial_port_adapter.h"
 #include "platform/qt/style.h"
+#include "platform/user_folder.h"
 
 namespace varno {
 namespace {
@@ -42,9 +42,7 @@ ProgramInfo ThisProgram() {
     ProgramInfo info;
     info.exeName = FromQt(executable.completeBaseName());
     info.path = FromQt(executable.canonicalPath());
-    info.dataFolder =
-        FromQt(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) +
-        "/VarnoTicketFormatter";
+    info.portsFolder = PortsFolder();
     info.commandLine = FromQt(arguments.join(u' '));
     return info;
 }
@@ -61,7 +59,7 @@ std::unique_ptr<Window> QtPlatform::CreateWindow(const WindowDesign& design) {
 }
 
 std::unique_ptr<SerialControl> QtPlatform::CreateSerialControl(int inBufferSize) {
-    return MakeSerialControl(info_.dataFolder + "/ports", inBufferSize);
+    return MakeSerialControl(info_.portsFolder, inBufferSize);
 }
 
 void QtPlatform::DoEvents() {

@@ -2,18 +2,16 @@
 
 #include <QStandardPaths>
 
-#include "platform/qt/measures.h"
-
 namespace varno {
 namespace {
 
 QString SettingsFile(const std::string& applicationName) {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' +
-           ToQt(applicationName) + QStringLiteral(".ini");
+           QString::fromStdString(applicationName) + QStringLiteral(".ini");
 }
 
 QString Key(const std::string& section, const std::string& key) {
-    return ToQt(section) + u'/' + ToQt(key);
+    return QString::fromStdString(section) + u'/' + QString::fromStdString(key);
 }
 
 }  // namespace
@@ -28,12 +26,12 @@ std::string QtSettings::GetSetting(const std::string& section, const std::string
         return defaultValue;
     }
     // A text with commas that was written by hand, without quotation marks, reads as a list.
-    return FromQt(value.toStringList().join(u','));
+    return value.toStringList().join(u',').toStdString();
 }
 
 void QtSettings::SaveSetting(const std::string& section, const std::string& key,
                              const std::string& value) {
-    settings_.setValue(Key(section, key), ToQt(value));
+    settings_.setValue(Key(section, key), QString::fromStdString(value));
 }
 
 }  // namespace varno

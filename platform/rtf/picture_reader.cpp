@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/rtf/rtf_tokenizer.h"
+#include "codec/word.h"
 
 namespace varno {
 namespace {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "codec/word.h"
+
 namespace varno {
 namespace {
 
@@ -24,14 +26,6 @@ std::size_t CountWhile(std::string_view text, Predicate predicate) {
 }
 
 }  // namespace
-
-int HexDigit(char c) {
-    if (IsDigit(c)) {
-        return c - '0';
-    }
-    const char lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
 
 std::string_view RtfTokenizer::Take(std::size_t length) {
     const std::string_view taken = rest_.substr(0, length);

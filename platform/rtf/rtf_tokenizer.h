@@ -42,7 +42,4 @@ class RtfTokenizer {
     std::string_view rest_;
 };
 
-// The value of a hexadecimal digit, or -1.
-int HexDigit(char character);
-
 }  // namespace varno

@@ -8,6 +8,7 @@
 
 namespace varno {
 
+inline constexpr int DefaultCommPort = 1;
 inline constexpr int MaxCommPort = 256;
 inline constexpr std::string_view DefaultSerialSettings = "9600,n,8,1";
 

@@ -146,13 +146,12 @@ TEST(Effects, OfTheSamplesAreRight) {
     const std::string samples = VARNO_SAMPLES;
     EXPECT_EQ(Joined(LoadEffects(samples, "/nowhere", effects)), "");
     std::vector<CatalogueRow> rows;
-    LoadCatalogue(samples + "/" + std::string(PrintCatalogueName), rows);
+    LoadCatalogue(CataloguesIn(samples).printCodes, rows);
     EXPECT_EQ(effects.values.size(), rows.size());
     for (const auto& [word, list] : effects.codes) {
-        const std::string code = std::to_string(1000 + ValueOf(word)).substr(1);
-        const std::string catalogue = samples + "/" + std::string(ControlCatalogueName);
-        EXPECT_TRUE(ClassOf(word) == CharacterClass || !FindCodeComment(catalogue, code).empty())
-            << code;
+        EXPECT_TRUE(ClassOf(word) == CharacterClass ||
+                    !FindCodeComment(CataloguesIn(samples), word).empty())
+            << ValueOf(word);
     }
 }
 

@@ -265,9 +265,7 @@ class RandomWork {
     MarkedText Decoded(int number, const std::string& record) {
         static const std::string samples = VARNO_CATALOGUES;
         MemoryEditor decoded;
-        TicketDecoder().DecodeTicket(
-            WordsOf(":" + record), number,
-            {samples + "/Varno Control Codes.txt", samples + "/Varno Print Codes.txt"}, decoded);
+        TicketDecoder().DecodeTicket(WordsOf(":" + record), number, CataloguesIn(samples), decoded);
         return decoded.Content();
     }
 

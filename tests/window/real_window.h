@@ -79,7 +79,7 @@ class RealWindow {
         : folder(files),
           platform({.exeName = "VarnoTicketFormatter",
                     .path = path,
-                    .dataFolder = files.Path("data"),
+                    .portsFolder = files.Path("data/ports"),
                     .commandLine = commandLine}),
           form(platform) {}
 

@@ -95,7 +95,7 @@ class SerialPortAdapter final : public SerialControl {
     void WaitWhile(const std::function<bool()>& condition);
 
     std::string portsFolder_;
-    int commPort_ = 1;
+    int commPort_ = DefaultCommPort;
     std::string settingsText_{DefaultSerialSettings};
     SerialSettings settings_;
     // Of the last opening; the settings may have changed since.
