@@ -4,6 +4,7 @@
 #include <cctype>
 #include <filesystem>
 #include <iostream>
+#include <system_error>
 
 #include "block/block_content.h"
 #include "block/block_file.h"
@@ -197,7 +198,9 @@ int TicketNumber(const std::string& text) {
 }
 
 void DeliverNew(const Request& request, const std::string& path, std::string_view bytes) {
-    if (!request.force && !IsStandardOutput(path) && std::filesystem::is_regular_file(path))
+    std::error_code unreachable;  // writing says why
+    if (!request.force && !IsStandardOutput(path) &&
+        std::filesystem::is_regular_file(path, unreachable))
         throw Refusal(Ending::CouldNot, path + " exists already; --force replaces it");
     Deliver(path, bytes);
 }

@@ -34,7 +34,9 @@ expect 0 "AB" show block.VRB 212
 expect 0 "block.VRB: sound; tickets: 1, free words: 1991" check block.VRB
 
 expect 3 "varno-tickets: ticket 212 exists already; --force replaces it" put block.VRB 212 AB.VRT
+long="$(printf 'x%.0s' {1..256})"
 expect 3 "varno-tickets: none.VRT: No such file or directory" put block.VRB 300 none.VRT
+expect 3 "varno-tickets: $long: File name too long" extract block.VRB 212 "$long"
 expect 3 "varno-tickets: block.VRB: there is no ticket 300" delete block.VRB 300
 expect 3 "varno-tickets: AB.VRT exists already; --force replaces it" extract block.VRB 212 AB.VRT
 printf 'AB' >plain.VRT
