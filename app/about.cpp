@@ -12,9 +12,9 @@ constexpr const char* ContactLine = "Questions and faults: the project's issue t
 }  // namespace
 
 void about_Click(Platform& platform) {
-    platform.Ask().ShowMessage("Varno TICKET FORMATTER version " + std::string(Version) +
-                                   EmptyLine + MakerLine + EmptyLine + ContactLine,
-                               ApplicationTitle, Buttons::Ok, Icon::None);
+    platform.DialogBoxes().ShowMessage("Varno TICKET FORMATTER version " + std::string(Version) +
+                                           EmptyLine + MakerLine + EmptyLine + ContactLine,
+                                       ApplicationTitle, Buttons::Ok, Icon::None);
 }
 
 }  // namespace varno

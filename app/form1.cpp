@@ -30,7 +30,7 @@ Form1::Form1(Platform& platform)
       controls_(MakeBlockControls()),
       message_(window_->Get<Label>("Message")),
       timer1_(window_->Get<Timer>("Timer1")),
-      catalogues_(CataloguesIn(platform.App().path)),
+      catalogues_(CataloguesIn(platform.App().folder)),
       commandStates_(*window_),
       announce_([this](CommandEvent event) { commandStates_.On(event); }),
       files_({.RichText = controls_.RichText,
@@ -39,13 +39,13 @@ Form1::Form1(Platform& platform)
               .TicketName = controls_.TicketName,
               .ListName = window_->Get<Label>("ListName"),
               .Message = message_},
-             platform.Ask(), state_, announce_),
-      put_(controls_, platform.Ask(), state_.block, announce_),
+             platform.DialogBoxes(), state_, announce_),
+      put_(controls_, platform.DialogBoxes(), state_.block, announce_),
       delete_(controls_, state_.block, announce_),
       keyAssignment_(controls_, state_.block),
       listView_(
-          controls_, platform.Ask(), state_.block, state_.TicketChanged, catalogues_, delete_,
-          [this] { files_.SaveTicket_Click(); }, announce_),
+          controls_, platform.DialogBoxes(), state_.block, state_.TicketChanged, catalogues_,
+          delete_, [this] { files_.SaveTicket_Click(); }, announce_),
       insertCommands_(controls_.RichText, platform, catalogues_),
       editor_(
           controls_.RichText, state_.TicketChanged, insertCommands_,
@@ -56,10 +56,10 @@ Form1::Form1(Platform& platform)
                .Timer1 = timer1_,
                .TicketList = controls_.TicketList,
                .RichText = controls_.RichText},
-              platform.Ask(), state_.block, transfer_, announce_),
+              platform.DialogBoxes(), state_.block, transfer_, announce_),
       download_({.Message = message_, .TicketList = controls_.TicketList}, platform, state_.block,
                 transfer_, announce_),
-      serialSettings_(*msComm1_, platform.Ask()),
+      serialSettings_(*msComm1_, platform.DialogBoxes()),
       terminal_(platform, *msComm1_),
       tutorial_(platform) {
     ConnectFiles();
@@ -121,7 +121,7 @@ void Form1::ConnectEditor() {
     RichTextBox& richText = controls_.RichText;
     richText.OnChange = [this] { editor_.RichText_Change(); };
     richText.OnRefused = [this](const std::string& why) {
-        platform_.Ask().ShowMessage(why, ApplicationTitle, Buttons::Ok, Icon::Exclamation);
+        platform_.DialogBoxes().ShowMessage(why, ApplicationTitle, Buttons::Ok, Icon::Exclamation);
     };
     richText.OnClick = [this] { editor_.RichText_Click(); };
     richText.OnDblClick = [this] { editor_.RichText_DblClick(); };
@@ -178,7 +178,7 @@ void Form1::OpenFileOfCommandLine() {
         error = files_.OpenTicketFile(path);
     }
     if (error) {
-        platform_.Ask().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
+        platform_.DialogBoxes().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
     }
 }
 

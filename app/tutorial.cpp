@@ -56,9 +56,9 @@ bool Tutorial::Form_Load() {
     window_->OnClose = [this] { closed_ = true; };
     window_->Get<Button>("ExitButton").OnClick = [this] { window_->Hide(); };
     const Error error = window_->Get<DocumentView>("RichTextBox1")
-                            .LoadFile(platform_.App().path + "/" + TutorialName);
+                            .LoadFile(platform_.App().folder + "/" + TutorialName);
     if (error) {
-        platform_.Ask().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
+        platform_.DialogBoxes().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
     }
     return !error;
 }

@@ -168,7 +168,7 @@ int main(int argc, char** argv) try {
     varno::WriteCatalogues(path);
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     varno::QtPlatform platform(
-        {.exeName = "bench", .path = path, .portsFolder = path, .commandLine = ""});
+        {.exeName = "bench", .folder = path, .portsFolder = path, .commandLine = ""});
     varno::Form1 form(platform);
     form.Form_Load();
     form.Show();

@@ -98,7 +98,7 @@ CodePicker::CodePicker(Platform& platform, const WindowDesign& design,
       sortedCommentComboBox_(Get<SimpleCombo>("SortedCommentComboBox")),
       sortAlphabetically_(Get<CheckBox>("SortAlphabetically")),
       okButton_(Get<Button>("OkButton")) {
-    LoadCatalogue(platform.Ask(), cataloguePath);
+    LoadCatalogue(platform.DialogBoxes(), cataloguePath);
     ConnectEvents();
     KeepRowsSideBySide();
 }

@@ -37,7 +37,7 @@ void InsertAsciiChoice(RichTextBox& richText, std::u16string_view digits) {
     });
 }
 
-void InsertCodeChoice(RichTextBox& richText, std::u16string_view row, InsertMark insertMark) {
+void InsertCodeChoice(RichTextBox& richText, std::u16string_view row, MarkProcedure insertMark) {
     if (row.empty()) return;
     richText.AsOneStep([&] {
         if (!IsBehindLineBreak(richText)) InsertPlain(richText, LineBreak);

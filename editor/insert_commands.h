@@ -16,8 +16,8 @@ void InsertAsciiChoice(RichTextBox& richText, std::u16string_view digits);
 
 // A code mark and its comment, on a line of their own. `row`: code in the first three characters,
 // then the comment with the blank in front of it.
-using InsertMark = void (*)(MarkedEditor&, std::u16string_view code);
-void InsertCodeChoice(RichTextBox& richText, std::u16string_view row, InsertMark insertMark);
+using MarkProcedure = void (*)(MarkedEditor&, std::u16string_view code);
+void InsertCodeChoice(RichTextBox& richText, std::u16string_view row, MarkProcedure insertMark);
 
 class InsertCommands {
   public:

@@ -11,7 +11,7 @@ void Download::Transmit_Click() {
     announce_(CommandEvent::DownloadStarted);
     PortSession session;
     if (const Error error = transfer_.OpenPort(session)) {
-        platform_.Ask().ShowMessage(*error, "", Buttons::Ok, Icon::Critical);
+        platform_.DialogBoxes().ShowMessage(*error, "", Buttons::Ok, Icon::Critical);
         return;
     }
     SendBlock(block_.TicketBuffer, session,
@@ -28,7 +28,7 @@ void Download::DownloadButton_Click() {
 }
 
 bool Download::Confirm() {
-    return platform_.Ask().ShowMessage(
+    return platform_.DialogBoxes().ShowMessage(
                "Start TICKET BUFFER CAPTURING in Varno (parameter 78),\r\nthen click OK button.",
                "", Buttons::OkCancel, Icon::Exclamation) == Answer::Ok;
 }

@@ -102,7 +102,7 @@ void Terminal::CloseTerminal() {
 }
 
 void Terminal::Report(const std::string& error) {
-    platform_.Ask().ShowMessage(error, "Error", Buttons::Ok, Icon::Critical);
+    platform_.DialogBoxes().ShowMessage(error, "Error", Buttons::Ok, Icon::Critical);
 }
 
 }  // namespace varno

@@ -128,7 +128,6 @@ class ListBox : public Control {
     virtual void RemoveItem(int index) = 0;  // of the selected row: none is selected then
     virtual void Clear() = 0;
     virtual int ListIndex() const = 0;  // the selected row, -1 for none
-    virtual void SetListIndex(int index) = 0;
 
     std::function<void()> OnClick;  // a row was selected, with mouse or keyboard
     std::function<void()> OnDblClick;

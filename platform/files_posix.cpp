@@ -1,3 +1,5 @@
+#include "platform/files.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
@@ -13,7 +15,6 @@
 
 #include "platform/file_identity_posix.h"
 #include "platform/file_place_posix.h"
-#include "platform/files.h"
 #include "platform/temporary_file_posix.h"
 
 namespace varno {

@@ -1,3 +1,5 @@
+#include "platform/files.h"
+
 #include <fcntl.h>
 #include <io.h>
 #include <process.h>
@@ -10,8 +12,6 @@
 #include <filesystem>
 #include <system_error>
 #include <vector>
-
-#include "platform/files.h"
 
 namespace varno {
 

@@ -14,7 +14,7 @@ namespace varno {
 // What the program knows of itself.
 struct ProgramInfo {
     std::string exeName;      // file name without extension
-    std::string path;         // folder of the executable, found through links
+    std::string folder;       // of the executable, found through links
     std::string portsFolder;  // the user's own numbering of serial ports
     std::string commandLine;  // the arguments, joined by blanks
 };
@@ -29,7 +29,7 @@ class Platform {
     virtual std::unique_ptr<Window> CreateWindow(const WindowDesign& design) = 0;
     // `inBufferSize`: characters that can wait to be read.
     virtual std::unique_ptr<SerialControl> CreateSerialControl(int inBufferSize) = 0;
-    virtual Dialogs& Ask() = 0;
+    virtual Dialogs& DialogBoxes() = 0;
     virtual SettingsStore& Settings() = 0;
     // Handles the events that wait, then returns. Only the download and the terminal call it.
     virtual void DoEvents() = 0;

@@ -1,8 +1,8 @@
+#include "platform/terminal.h"
+
 #include <io.h>
 
 #include <cstdio>
-
-#include "platform/terminal.h"
 
 namespace varno {
 

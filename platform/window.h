@@ -30,7 +30,6 @@ class Window {
         throw std::logic_error("no such control: " + std::string(name));
     }
 
-    virtual std::string Caption() const = 0;
     virtual void SetCaption(const std::string& caption) = 0;
 
     // Outer measures in twips (see design.h), of the normal state. A place on no screen is moved

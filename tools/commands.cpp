@@ -169,7 +169,7 @@ void Bind(const Request& request) {
     file.Save();
 }
 
-constexpr Command AllCommands[] = {
+constexpr Subcommand AllCommands[] = {
     {"list", "BLOCK", "list the tickets and the letters of their keys", List},
     {"show", "BLOCK NUMBER", "show a ticket as text", Show},
     {"print", "BLOCK NUMBER", "show a ticket as it is printed, with sample values", Print},
@@ -188,7 +188,7 @@ constexpr Command AllCommands[] = {
 
 }  // namespace
 
-std::span<const Command> Commands() {
+std::span<const Subcommand> Commands() {
     return AllCommands;
 }
 

@@ -18,14 +18,14 @@ struct Request {
     bool comments = false;   // of codes, in texts
 };
 
-struct Command {
+struct Subcommand {
     std::string_view name;
     std::string_view operands;  // separated by blanks; in brackets, those that may be missing
     std::string_view help;
     void (*run)(const Request&);
 };
 
-std::span<const Command> Commands();
+std::span<const Subcommand> Commands();
 
 // The number that an operand is, whether a ticket can have it or not.
 int TicketNumber(const std::string& text);

@@ -23,7 +23,7 @@ void PrintHelp() {
     std::cout << "Usage: varno-tickets COMMAND OPERANDS [OPTIONS]\n"
                  "Works on the ticket block files (.VRB) and ticket files (.VRT) of the Varno "
                  "indicator.\n\n";
-    for (const Command& command : Commands()) {
+    for (const Subcommand& command : Commands()) {
         std::string start = "  " + std::string(command.name) + " " + std::string(command.operands);
         start.resize(std::max<std::size_t>(start.size(), 32), ' ');
         std::cout << start << command.help << '\n';
@@ -46,7 +46,7 @@ void PrintVersion() {
     std::cout << "varno-tickets " << Version << '\n';
 }
 
-bool Takes(const Command& command, std::size_t operands) {
+bool Takes(const Subcommand& command, std::size_t operands) {
     const auto count = [&](char c) {
         return static_cast<std::size_t>(
             std::count(command.operands.begin(), command.operands.end(), c));
@@ -55,10 +55,10 @@ bool Takes(const Command& command, std::size_t operands) {
     return operands <= most && operands + count('[') >= most;
 }
 
-const Command& CommandNamed(const std::string& name) {
+const Subcommand& CommandNamed(const std::string& name) {
     const auto all = Commands();
-    const auto found = std::find_if(all.begin(), all.end(),
-                                    [&](const Command& command) { return command.name == name; });
+    const auto found = std::find_if(
+        all.begin(), all.end(), [&](const Subcommand& command) { return command.name == name; });
     if (found == all.end())
         throw Refusal(Ending::WrongUsage, "there is no command \"" + name + "\"");
     return *found;
@@ -67,7 +67,7 @@ const Command& CommandNamed(const std::string& name) {
 void RunCommand(Request request) {
     auto& operands = request.operands;
     if (operands.empty()) throw Refusal(Ending::WrongUsage, "which command?");
-    const Command& command = CommandNamed(operands.front());
+    const Subcommand& command = CommandNamed(operands.front());
     operands.erase(operands.begin());
     if (!Takes(command, operands.size()))
         throw Refusal(Ending::WrongUsage,

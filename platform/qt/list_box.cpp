@@ -109,12 +109,4 @@ void QtListBox::SetPlace(const Place& place) {
     widget_->setGeometry(WholeRows(*widget_, ToPixels(place)));
 }
 
-void QtListBox::SetListIndex(int index) {
-    const QSignalBlocker quiet(widget_);
-    widget_->setCurrentRow(index);
-    if (index < 0) {
-        widget_->clearSelection();
-    }
-}
-
 }  // namespace varno

@@ -34,7 +34,6 @@ class QtListBox final : public QtControl<ListBox, ListBoxRows> {
     void RemoveItem(int index) override;
     void Clear() override;
     int ListIndex() const override { return widget_->SelectedRow(); }
-    void SetListIndex(int index) override;
     void SetPlace(const Place& place) override;
 
   private:

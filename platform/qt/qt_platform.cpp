@@ -41,7 +41,7 @@ ProgramInfo ThisProgram() {
     arguments.removeFirst();
     ProgramInfo info;
     info.exeName = FromQt(executable.completeBaseName());
-    info.path = FromQt(executable.canonicalPath());
+    info.folder = FromQt(executable.canonicalPath());
     info.portsFolder = PortsFolder();
     info.commandLine = FromQt(arguments.join(u' '));
     return info;

@@ -20,7 +20,7 @@ class QtPlatform : public Platform {
     const ProgramInfo& App() const override { return info_; }
     std::unique_ptr<Window> CreateWindow(const WindowDesign& design) override;
     std::unique_ptr<SerialControl> CreateSerialControl(int inBufferSize) override;
-    Dialogs& Ask() override { return dialogs_; }
+    Dialogs& DialogBoxes() override { return dialogs_; }
     SettingsStore& Settings() override { return settings_; }
     void DoEvents() override;
     void Quit() override;

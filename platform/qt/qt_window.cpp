@@ -222,9 +222,6 @@ Component* QtWindow::Find(std::string_view name) {
     return found == components_.end() ? nullptr : found->second.get();
 }
 
-std::string QtWindow::Caption() const {
-    return FromQt(shell_.windowTitle());
-}
 void QtWindow::SetCaption(const std::string& caption) {
     shell_.setWindowTitle(ToQt(caption));
 }

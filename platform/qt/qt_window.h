@@ -35,7 +35,6 @@ class QtWindow final : public Window {
     QtWindow(const WindowDesign& design, QWidget* parent);
     ~QtWindow() override;
 
-    std::string Caption() const override;
     void SetCaption(const std::string& caption) override;
     Place OuterPlace() const override;
     void SetOuterPlace(const Place& place) override;

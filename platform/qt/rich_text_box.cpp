@@ -10,21 +10,21 @@
 
 namespace varno {
 
-TicketEdit::TicketEdit(QtRichTextBox* control, QWidget* parent)
+RichTextView::RichTextView(QtRichTextBox* control, QWidget* parent)
     : QTextEdit(parent), control_(control) {
     setLineWrapMode(QTextEdit::NoWrap);
     setTabChangesFocus(true);
     setCursorWidth(2);
 }
 
-void TicketEdit::mouseReleaseEvent(QMouseEvent* event) {
+void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
     QTextEdit::mouseReleaseEvent(event);
     if (control_->OnClick) {
         control_->OnClick();
     }
 }
 
-void TicketEdit::mouseDoubleClickEvent(QMouseEvent* event) {
+void RichTextView::mouseDoubleClickEvent(QMouseEvent* event) {
     QTextEdit::mouseDoubleClickEvent(event);
     control_->SelectWord(cursorForPosition(event->pos()).position());
     if (control_->OnDblClick) {
@@ -32,7 +32,7 @@ void TicketEdit::mouseDoubleClickEvent(QMouseEvent* event) {
     }
 }
 
-void TicketEdit::focusInEvent(QFocusEvent* event) {
+void RichTextView::focusInEvent(QFocusEvent* event) {
     QTextEdit::focusInEvent(event);
     if (IsNewFocus(*event) && control_->OnGotFocus) {
         control_->OnGotFocus();
@@ -40,7 +40,7 @@ void TicketEdit::focusInEvent(QFocusEvent* event) {
 }
 
 QtRichTextBox::QtRichTextBox(const ControlDesign& design, QWidget* parent)
-    : QtControl(new TicketEdit(this, parent)) {
+    : QtControl(new RichTextView(this, parent)) {
     ApplyDesign(design, widget_);
     UseWhitePaper(widget_, Qt::black);
     widget_->document()->setDefaultFont(varno::ToQt(design.font));

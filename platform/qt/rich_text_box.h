@@ -13,9 +13,9 @@ namespace varno {
 class QtRichTextBox;
 
 // The widget: hands keys and clicks to the program first, then carries out what it decided.
-class TicketEdit final : public QTextEdit {
+class RichTextView final : public QTextEdit {
   public:
-    TicketEdit(QtRichTextBox* control, QWidget* parent);
+    RichTextView(QtRichTextBox* control, QWidget* parent);
 
   protected:
     bool event(QEvent* event) override;
@@ -43,7 +43,7 @@ class TicketEdit final : public QTextEdit {
     QtRichTextBox* control_;
 };
 
-class QtRichTextBox final : public QtControl<RichTextBox, TicketEdit> {
+class QtRichTextBox final : public QtControl<RichTextBox, RichTextView> {
   public:
     QtRichTextBox(const ControlDesign& design, QWidget* parent);
 

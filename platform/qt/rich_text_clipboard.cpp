@@ -87,7 +87,7 @@ std::optional<MarkedText> Offered(const QMimeData& source, Colour typing) {
 
 }  // namespace
 
-QMimeData* TicketEdit::createMimeDataFromSelection() const {
+QMimeData* RichTextView::createMimeDataFromSelection() const {
     const MarkedText selection = control_->Selection();
     const std::string rtf = WriteRtf(selection);
     auto* offered = new QMimeData;
@@ -99,14 +99,14 @@ QMimeData* TicketEdit::createMimeDataFromSelection() const {
     return offered;
 }
 
-bool TicketEdit::canInsertFromMimeData(const QMimeData* source) const {
+bool RichTextView::canInsertFromMimeData(const QMimeData* source) const {
     return source->hasText() || source->hasHtml() ||
            std::any_of(RtfTypes.begin(), RtfTypes.end(), [source](const char* type) {
                return source->hasFormat(QLatin1String(type));
            });
 }
 
-void TicketEdit::insertFromMimeData(const QMimeData* source) {
+void RichTextView::insertFromMimeData(const QMimeData* source) {
     // Plain text is the ticket's, unless it goes into a comment.
     const bool comment = control_->SelColor() == CommentColour;
     const auto text = Offered(*source, comment ? CommentColour : TextColour);
@@ -114,7 +114,7 @@ void TicketEdit::insertFromMimeData(const QMimeData* source) {
 }
 
 // Keys type what the ticket prints; a comment takes any character.
-void TicketEdit::Type(const QString& text) {
+void RichTextView::Type(const QString& text) {
     const std::u16string typed = text.toStdU16String();
     const bool black = control_->TypingFormat().colour == TextColour;
     control_->SetSelText(black ? PrintableForm(Composed(typed), Decomposed) : typed);

@@ -48,7 +48,7 @@ bool IsPlainDeletion(const QKeyEvent& event) {
 
 }  // namespace
 
-bool TicketEdit::event(QEvent* event) {
+bool RichTextView::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride &&
         IsEditorCommand(*static_cast<QKeyEvent*>(event))) {
         event->accept();
@@ -57,7 +57,7 @@ bool TicketEdit::event(QEvent* event) {
     return QTextEdit::event(event);
 }
 
-void TicketEdit::keyPressEvent(QKeyEvent* event) {
+void RichTextView::keyPressEvent(QKeyEvent* event) {
     if (!IsModifierAlone(*event)) {
         control_->SetKeyHeld(event->isAutoRepeat());
         HandleKey(event, KeyCodeOf(*event));
@@ -65,7 +65,7 @@ void TicketEdit::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void TicketEdit::HandleKey(QKeyEvent* event, int keyCode) {
+void RichTextView::HandleKey(QKeyEvent* event, int keyCode) {
     event->accept();
     switch (AskProgram(keyCode, ShiftStateOf(*event))) {
         case KeyFate::Drop:
@@ -77,11 +77,11 @@ void TicketEdit::HandleKey(QKeyEvent* event, int keyCode) {
     }
 }
 
-KeyFate TicketEdit::AskProgram(int keyCode, int shift) const {
+KeyFate RichTextView::AskProgram(int keyCode, int shift) const {
     return control_->OnKeyDown ? control_->OnKeyDown(keyCode, shift) : KeyFate::Pass;
 }
 
-void TicketEdit::ApplyRepeatedKey(QKeyEvent* event, int keyCode) {
+void RichTextView::ApplyRepeatedKey(QKeyEvent* event, int keyCode) {
     QKeyEvent plain(QEvent::KeyPress, event->key(), Qt::NoModifier);
     // With Ctrl a word would go; but here the line end goes, which takes plain keys.
     const bool byWord =
@@ -99,7 +99,7 @@ void TicketEdit::ApplyRepeatedKey(QKeyEvent* event, int keyCode) {
     }
 }
 
-bool TicketEdit::ApplyReachingKey(const QKeyEvent& event) {
+bool RichTextView::ApplyReachingKey(const QKeyEvent& event) {
     const auto* const found =
         std::find_if(ReachingKeys.begin(), ReachingKeys.end(),
                      [&](const ReachingKey& key) { return event.matches(key.key); });
@@ -122,7 +122,7 @@ bool TicketEdit::ApplyReachingKey(const QKeyEvent& event) {
     return true;
 }
 
-void TicketEdit::ApplyKey(QKeyEvent* event) {
+void RichTextView::ApplyKey(QKeyEvent* event) {
     const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
     const int key = event->key();
     if (ctrl && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
@@ -143,7 +143,7 @@ void TicketEdit::ApplyKey(QKeyEvent* event) {
     }
 }
 
-void TicketEdit::keyReleaseEvent(QKeyEvent* event) {
+void RichTextView::keyReleaseEvent(QKeyEvent* event) {
     QTextEdit::keyReleaseEvent(event);
     if (!event->isAutoRepeat() && control_->OnKeyUp) {
         control_->OnKeyUp();
@@ -151,7 +151,7 @@ void TicketEdit::keyReleaseEvent(QKeyEvent* event) {
 }
 
 // What an input method composes arrives without key events; it is typed like a letter.
-void TicketEdit::inputMethodEvent(QInputMethodEvent* event) {
+void RichTextView::inputMethodEvent(QInputMethodEvent* event) {
     const QString composed = event->commitString();
     if (composed.isEmpty()) {
         QTextEdit::inputMethodEvent(event);

@@ -81,8 +81,8 @@ class QtTextBox final : public QtControl<TextBox, QLineEdit> {
 class QtTimer final : public Timer {
   public:
     explicit QtTimer(const ControlDesign& design);
-    bool Enabled() const override { return timer_.isActive(); }
     void SetEnabled(bool enabled) override;
+    bool Enabled() const override { return timer_.isActive(); }
     void SetInterval(int milliseconds) override { timer_.setInterval(milliseconds); }
 
   private:

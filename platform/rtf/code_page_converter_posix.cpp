@@ -1,11 +1,11 @@
+#include "platform/rtf/code_page_converter.h"
+
 #include <iconv.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
-
-#include "platform/rtf/code_page_converter.h"
 
 namespace varno {
 

@@ -1,6 +1,6 @@
-#include <windows.h>
-
 #include "platform/rtf/code_page_converter.h"
+
+#include <windows.h>
 
 namespace varno {
 

@@ -1,8 +1,8 @@
+#include "platform/serial/serial_system.h"
+
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
-
-#include "platform/serial/serial_system.h"
 
 namespace varno {
 

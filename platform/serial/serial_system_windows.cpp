@@ -1,7 +1,8 @@
+#include "platform/serial/serial_system.h"
+
 #include <windows.h>
 
 #include "platform/serial/serial_settings.h"
-#include "platform/serial/serial_system.h"
 
 namespace varno {
 

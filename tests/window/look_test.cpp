@@ -134,7 +134,7 @@ using MainLook = WindowTest;
 
 // The seven items of the menu bar stand side by side at the smallest width.
 TEST_F(MainLook, MenuBarShowsAllItems) {
-    auto* bar = window.Shell()->findChild<QMenuBar*>();
+    auto* bar = window.TopLevel()->findChild<QMenuBar*>();
     QApplication::processEvents();
     for (const QAction* action : bar->actions()) {
         const QRect place = bar->actionGeometry(const_cast<QAction*>(action));

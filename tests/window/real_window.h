@@ -25,7 +25,7 @@ namespace varno {
 class ScriptedPlatform final : public QtPlatform {
   public:
     using QtPlatform::QtPlatform;
-    Dialogs& Ask() override { return dialogs; }
+    Dialogs& DialogBoxes() override { return dialogs; }
     void Quit() override { hasQuit = true; }
     std::unique_ptr<SerialControl> CreateSerialControl(int inBufferSize) override {
         EXPECT_EQ(inBufferSize, line == nullptr ? 8092 : 1024);
@@ -78,7 +78,7 @@ class RealWindow {
                         const std::string& path = VARNO_CATALOGUES)
         : folder(files),
           platform({.exeName = "VarnoTicketFormatter",
-                    .path = path,
+                    .folder = path,
                     .portsFolder = files.Path("data/ports"),
                     .commandLine = commandLine}),
           form(platform) {}
@@ -87,17 +87,17 @@ class RealWindow {
     void Start() {
         form.Form_Load();
         form.Show();
-        QApplication::setActiveWindow(Shell());
+        QApplication::setActiveWindow(TopLevel());
     }
 
-    QWidget* Shell() { return static_cast<QtWindow&>(form.MainWindow()).Widget(); }
+    QWidget* TopLevel() { return static_cast<QtWindow&>(form.MainWindow()).Widget(); }
     template <class T>
     T& Get(const std::string& name) {
         return form.MainWindow().Get<T>(name);
     }
     template <class T>
     T* Widget(const char* name) {
-        T* found = Shell()->findChild<T*>(QString::fromUtf8(name));
+        T* found = TopLevel()->findChild<T*>(QString::fromUtf8(name));
         EXPECT_NE(found, nullptr) << name;
         return found;
     }

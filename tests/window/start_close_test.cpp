@@ -23,7 +23,7 @@ TEST_F(StartAndClose, FirstStartAndWhatIsWrittenAtItsEnd) {
     {
         RealWindow window(folder);
         window.Start();
-        EXPECT_EQ(window.form.MainWindow().Caption(), "VarnoTicketFormatter 1.0.2");
+        EXPECT_EQ(window.TopLevel()->windowTitle(), "VarnoTicketFormatter 1.0.2");
         EXPECT_EQ(window.form.MainWindow().OuterPlace(), (Place{0, 0, 7725, 5610}))
             << "the minimum, in whole pixels of 15 twips";
         EXPECT_FALSE(window.form.State().TicketChanged);
@@ -85,7 +85,7 @@ TEST_F(StartAndClose, BearsDamagedSettings) {
             EXPECT_EQ(place.width, 7725);
             EXPECT_EQ(place.height, 5610);
             EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().intersects(
-                window.Shell()->frameGeometry()));
+                window.TopLevel()->frameGeometry()));
             window.Choose("Exit");
         }
         EXPECT_TRUE(Stored("COM=1") && Stored("Settings=\"9600,n,8,1\"")) << Settings();
@@ -97,8 +97,8 @@ TEST_F(StartAndClose, FitsOnTheScreenWhateverIsStored) {
               "[WindowSize]\nTop=450\nLeft=300\nWidth=90000\nHeight=70000\n");
     RealWindow window(folder);
     window.Start();
-    EXPECT_TRUE(
-        window.Shell()->screen()->availableGeometry().contains(window.Shell()->frameGeometry()));
+    EXPECT_TRUE(window.TopLevel()->screen()->availableGeometry().contains(
+        window.TopLevel()->frameGeometry()));
 }
 
 TEST_F(StartAndClose, OpensTheFileOfTheCommandLine) {
