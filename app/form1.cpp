@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "app/about.h"
-#include "app/layout.h"
 #include "app/main_window_design.h"
 #include "app/path_rules.h"
 #include "app/settings.h"
@@ -187,37 +186,8 @@ void Form1::Form_Resize() {
         return;
     }
     const Place outer = window_->CurrentOuterPlace();
-    const MainLayout layout =
-        LayOutMainWindow(outer.width, outer.height, controls_.TicketList.GetPlace().width);
-    const auto change = [](Control& control, auto&& setMeasures) {
-        Place place = control.GetPlace();
-        setMeasures(place);
-        control.SetPlace(place);
-    };
-    change(message_, [&](Place& p) { p.width = layout.messageWidth; });
-    change(controls_.RichText, [&](Place& p) {
-        p.width = layout.richTextWidth;
-        p.height = layout.richTextHeight;
-    });
-    change(controls_.TicketName, [&](Place& p) { p.width = layout.ticketNameWidth; });
-    change(controls_.TicketList, [&](Place& p) {
-        p.left = layout.ticketListLeft;
-        // Its designed height reaches under the transfer buttons.
-        p.height = std::min(layout.ticketListHeight, layout.transferTop - p.top);
-    });
-    change(TheButton("UploadButton"), [&](Place& p) {
-        p.left = layout.uploadLeft;
-        p.top = layout.transferTop;
-    });
-    change(TheButton("DownloadButton"), [&](Place& p) {
-        p.left = layout.downloadLeft;
-        p.top = layout.transferTop;
-    });
-    change(window_->Get<Label>("ListName"),
-           [&](Place& p) { p.left = layout.listNameRight - p.width; });
-    for (const char* frame : {"Frame1", "Frame2"}) {
-        change(window_->Get<Control>(frame), [&](Place& p) { p.left = layout.framesLeft; });
-    }
+    LayOutControls(*window_, MainWindowLayout(), std::max(outer.width, MinimumWidth),
+                   std::max(outer.height, MinimumHeight));
 }
 
 void Form1::Form_Unload() {

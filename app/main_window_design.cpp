@@ -138,6 +138,23 @@ constexpr std::array Menus{
     MenuDesign{.name = "about", .parent = "help", .caption = "&About"},
 };
 
+constexpr std::array Layout{
+    LayoutRow{"Message", Measure::Width, -405},
+    LayoutRow{"RichText", Measure::Width, -2295},
+    LayoutRow{"RichText", Measure::Height, -1425},
+    LayoutRow{"TicketName", Measure::Width, -3615},
+    LayoutRow{"TicketList", Measure::Right, -315},
+    // Ends above the transfer buttons; its designed height reaches under them.
+    LayoutRow{"TicketList", Measure::Height, -2100},
+    LayoutRow{"UploadButton", Measure::Left, -1360},
+    LayoutRow{"UploadButton", Measure::Top, -1500},
+    LayoutRow{"DownloadButton", Measure::Left, -770},
+    LayoutRow{"DownloadButton", Measure::Top, -1500},
+    LayoutRow{"ListName", Measure::Right, -315},
+    LayoutRow{"Frame1", Measure::Left, -2130},
+    LayoutRow{"Frame2", Measure::Left, -2130},
+};
+
 constexpr WindowDesign Design{.name = "Form1",
                               .caption = "Varno Ticket Formatter",
                               .clientWidth = 7605,
@@ -149,6 +166,9 @@ constexpr WindowDesign Design{.name = "Form1",
 
 const WindowDesign& MainWindowDesign() {
     return Design;
+}
+std::span<const LayoutRow> MainWindowLayout() {
+    return Layout;
 }
 
 }  // namespace varno

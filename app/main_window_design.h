@@ -1,7 +1,9 @@
 // The main window as designed: every control and menu item, its caption, place and start state.
 #pragma once
 
-#include "platform/design.h"
+#include <span>
+
+#include "platform/window_layout.h"
 
 namespace varno {
 
@@ -10,5 +12,6 @@ inline constexpr int MinimumWidth = 7725;
 inline constexpr int MinimumHeight = 5600;
 
 const WindowDesign& MainWindowDesign();
+std::span<const LayoutRow> MainWindowLayout();
 
 }  // namespace varno

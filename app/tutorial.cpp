@@ -1,9 +1,9 @@
 #include "app/tutorial.h"
 
-#include <algorithm>
 #include <array>
 
 #include "platform/rich_text.h"
+#include "platform/window_layout.h"
 
 namespace varno {
 namespace {
@@ -26,6 +26,13 @@ constexpr WindowDesign Design{.name = "Tutorial",
                               .clientHeight = 5220,
                               .minimizeButton = false,
                               .controls = Controls};
+
+constexpr std::array Layout{
+    LayoutRow{"RichTextBox1", Measure::Width, -375},
+    LayoutRow{"RichTextBox1", Measure::Height, -1155},
+    LayoutRow{"ExitButton", Measure::Left, -1110},
+    LayoutRow{"ExitButton", Measure::Top, -870},
+};
 
 // Room for the button and a few lines of the document; outer measures.
 constexpr int MinimumWidth = 3000;
@@ -65,16 +72,7 @@ bool Tutorial::Form_Load() {
 
 void Tutorial::Form_Resize() {
     const Place outer = window_->CurrentOuterPlace();
-    auto& exitButton = window_->Get<Button>("ExitButton");
-    Place button = exitButton.GetPlace();
-    button.left = outer.width - 1110;
-    button.top = outer.height - 870;
-    exitButton.SetPlace(button);
-    auto& document = window_->Get<DocumentView>("RichTextBox1");
-    Place text = document.GetPlace();
-    text.height = outer.height - 1155;
-    text.width = outer.width - 375;
-    document.SetPlace(text);
+    LayOutControls(*window_, Layout, outer.width, outer.height);
 }
 
 }  // namespace varno

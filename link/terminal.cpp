@@ -81,10 +81,7 @@ void Terminal::Form_Resize() {
         return;
     }
     const Place outer = window_->CurrentOuterPlace();
-    if (const auto layout = LayOutTerminal(outer.width, outer.height)) {
-        text1_->SetPlace(layout->text);
-        window_->Get<Button>("Command1").SetPlace(layout->clear);
-        window_->Get<Button>("Command2").SetPlace(layout->exit);
+    if (LayOutControls(*window_, TerminalLayout, outer.width, outer.height)) {
         return;
     }
     if (window_->State() != WindowState::Normal) {

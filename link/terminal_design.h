@@ -1,21 +1,13 @@
-// The terminal window as designed, and where its controls go at any size.
+// The terminal window as designed.
 #pragma once
 
-#include <optional>
+#include <span>
 
-#include "platform/design.h"
+#include "platform/window_layout.h"
 
 namespace varno {
 
 extern const WindowDesign TerminalDesign;
-
-struct TerminalLayout {
-    Place text;
-    Place clear;
-    Place exit;
-};
-
-// Takes the window's outer size. Nothing if the window is too small.
-std::optional<TerminalLayout> LayOutTerminal(int outerWidth, int outerHeight);
+extern const std::span<const LayoutRow> TerminalLayout;
 
 }  // namespace varno

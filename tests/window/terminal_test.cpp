@@ -286,7 +286,13 @@ TEST_F(TerminalTest, LaysItselfOutOrClosesWhenTooSmall) {
         EXPECT_EQ(shown.PlaceOf("Text1"), (Place{120, 60, 5655, 5865}));
         EXPECT_EQ(shown.PlaceOf("Command1"), (Place{120, 6060, 855, 495}));
         EXPECT_EQ(shown.PlaceOf("Command2"), (Place{4905, 6060, 855, 495}));
-        shown.window.resize(392, 40);
+        shown.window.resize(392, 49);
+        EXPECT_TRUE(shown.window.isVisible());
+        shown.window.resize(392, 48);
+        EXPECT_FALSE(shown.window.isVisible());
+    });
+    Open([&](Shown shown) {
+        shown.window.resize(14, 440);
         EXPECT_FALSE(shown.window.isVisible());
     });
     Open([&](Shown shown) {
