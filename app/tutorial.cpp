@@ -44,35 +44,27 @@ const WindowDesign& TutorialDesign() {
     return Design;
 }
 
-void Tutorial::ShowTutorial_Click() {
-    if (window_ == nullptr && !Form_Load()) {
-        window_.reset();
+TutorialForm::TutorialForm(Platform& platform)
+    : DialogForm(platform, Design),
+      dialogs_(platform.DialogBoxes()),
+      unreadable_(
+          Get<DocumentView>("RichTextBox1").LoadFile(platform.App().folder + "/" + TutorialName)) {
+    TheWindow().SetMinimumSize(MinimumWidth, MinimumHeight);
+    Get<Button>("ExitButton").OnClick = [this] { Hide(); };
+}
+
+void TutorialForm::Show() {
+    if (unreadable_) {
+        Unload();
+        dialogs_.ShowMessage(*unreadable_, ApplicationTitle, Buttons::Ok, Icon::Critical);
         return;
     }
-    closed_ = false;
-    window_->ShowModal();
-    if (closed_) {
-        window_.reset();
-    }
+    ShowModal();
 }
 
-bool Tutorial::Form_Load() {
-    window_ = platform_.CreateWindow(Design);
-    window_->SetMinimumSize(MinimumWidth, MinimumHeight);
-    window_->OnResize = [this] { Form_Resize(); };
-    window_->OnClose = [this] { closed_ = true; };
-    window_->Get<Button>("ExitButton").OnClick = [this] { window_->Hide(); };
-    const Error error = window_->Get<DocumentView>("RichTextBox1")
-                            .LoadFile(platform_.App().folder + "/" + TutorialName);
-    if (error) {
-        platform_.DialogBoxes().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
-    }
-    return !error;
-}
-
-void Tutorial::Form_Resize() {
-    const Place outer = window_->CurrentOuterPlace();
-    LayOutControls(*window_, Layout, outer.width, outer.height);
+void TutorialForm::Form_Resize() {
+    const Place outer = TheWindow().CurrentOuterPlace();
+    LayOutControls(TheWindow(), Layout, outer.width, outer.height);
 }
 
 }  // namespace varno

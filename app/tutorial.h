@@ -1,9 +1,7 @@
 // The tutorial window: shows the document that lies beside the program.
 #pragma once
 
-#include <memory>
-
-#include "platform/platform.h"
+#include "platform/dialog_form.h"
 
 namespace varno {
 
@@ -11,21 +9,31 @@ inline constexpr const char* TutorialName = "Varno Ticket Formatter Tutorial.rtf
 
 const WindowDesign& TutorialDesign();
 
-class Tutorial {
+class TutorialForm final : public DialogForm {
   public:
-    explicit Tutorial(Platform& platform) : platform_(platform) {}
+    explicit TutorialForm(Platform& platform);
 
-    // Returns when the window is hidden, which keeps the place in the document, or closed, which
-    // makes the next showing read the document again.
-    void ShowTutorial_Click();
+    // Says why the document cannot be read, if so, and shows no window then.
+    void Show();
 
   private:
-    bool Form_Load();  // false: the document cannot be shown, which has been said
-    void Form_Resize();
+    void Form_Resize() override;
 
-    Platform& platform_;
-    std::unique_ptr<Window> window_;  // null until loaded
-    bool closed_ = false;
+    Dialogs& dialogs_;
+    Error unreadable_;
+};
+
+class Tutorial {
+  public:
+    explicit Tutorial(Platform& platform)
+        : form_([&platform] { return std::make_unique<TutorialForm>(platform); }) {}
+
+    // Hidden, the window keeps the place in the document; closed, it reads the document again at
+    // its next showing.
+    void ShowTutorial_Click() { form_.AsLeft().Show(); }
+
+  private:
+    KeptDialog<TutorialForm> form_;
 };
 
 }  // namespace varno

@@ -136,7 +136,7 @@ void BenchPicker(QtPlatform& platform, const Catalogues& catalogues) {
     const auto open = [&] {
         CodePicker picker(platform, ControlCodesList(), catalogues.controlCodes);
         QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
-        picker.Show();
+        picker.Pick();
     };
     const auto fill = [] {
         QWidget window;

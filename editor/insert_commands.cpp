@@ -59,15 +59,15 @@ InsertCommands::InsertCommands(RichTextBox& richText, Platform& platform,
       }) {}
 
 void InsertCommands::InsertAsciiCode() {
-    InsertAsciiChoice(richText_, asciiCodesList_.Pick());
+    InsertAsciiChoice(richText_, asciiCodesList_.AsLeft().Pick());
 }
 
 void InsertCommands::InsertControlCode() {
-    InsertCodeChoice(richText_, controlCodesList_.Pick(), InsertControlMark);
+    InsertCodeChoice(richText_, controlCodesList_.AsLeft().Pick(), InsertControlMark);
 }
 
 void InsertCommands::InsertPrintCode() {
-    InsertCodeChoice(richText_, printCodesList_.Pick(), InsertPrintMark);
+    InsertCodeChoice(richText_, printCodesList_.AsLeft().Pick(), InsertPrintMark);
 }
 
 }  // namespace varno

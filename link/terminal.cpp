@@ -10,37 +10,21 @@ constexpr int InBufferSize = 1024;
 
 }  // namespace
 
-void Terminal::OpenTerminalWindow_Click() {
-    if (!window_) {
-        Load();
-    }
-    window_->ShowModal();
-    if (closed_) {
-        window_.reset();
-        terminalComm_.reset();
-    }
-}
-
-void Terminal::Load() {
-    closed_ = false;
-    terminalComm_ = platform_.CreateSerialControl(InBufferSize);
+TerminalForm::TerminalForm(Platform& platform, SerialControl& msComm1)
+    : DialogForm(platform, TerminalDesign),
+      platform_(platform),
+      msComm1_(msComm1),
+      terminalComm_(platform.CreateSerialControl(InBufferSize)),
+      text1_(Get<TextArea>("Text1")) {
     terminalComm_->OnReceive = [this] { TerminalComm_OnComm(); };
-    window_ = platform_.CreateWindow(TerminalDesign);
-    window_->OnActivate = [this] { Form_Activate(); };
-    window_->OnResize = [this] { Form_Resize(); };
-    window_->OnClose = [this] {
-        closed_ = true;
-        terminalComm_->ClosePort();
-    };
-    text1_ = &window_->Get<TextArea>("Text1");
-    text1_->OnKeyPress = [this](unsigned char character) { Text1_KeyPress(character); };
-    window_->Get<Button>("Command1").OnClick = [this] { Command1_Click(); };
-    window_->Get<Button>("Command2").OnClick = [this] { Command2_Click(); };
+    text1_.OnKeyPress = [this](unsigned char character) { Text1_KeyPress(character); };
+    Get<Button>("Command1").OnClick = [this] { Command1_Click(); };
+    Get<Button>("Command2").OnClick = [this] { Command2_Click(); };
 }
 
-void Terminal::Form_Activate() {
+void TerminalForm::Form_Activate() {
     platform_.DoEvents();
-    if (!window_->IsShown()) {
+    if (!TheWindow().IsShown()) {
         return;  // left meanwhile
     }
     msComm1_.ClosePort();
@@ -57,11 +41,11 @@ void Terminal::Form_Activate() {
     }
 }
 
-void Terminal::TerminalComm_OnComm() {
-    text1_->Append(terminalComm_->Input());
+void TerminalForm::TerminalComm_OnComm() {
+    text1_.Append(terminalComm_->Input());
 }
 
-void Terminal::Text1_KeyPress(unsigned char character) {
+void TerminalForm::Text1_KeyPress(unsigned char character) {
     if (!takesTyping_) {
         return;
     }
@@ -72,33 +56,38 @@ void Terminal::Text1_KeyPress(unsigned char character) {
     }
 }
 
-void Terminal::Command1_Click() {
-    text1_->Clear();
+void TerminalForm::Command1_Click() {
+    text1_.Clear();
 }
 
-void Terminal::Form_Resize() {
-    if (window_->State() == WindowState::Minimised) {
+void TerminalForm::Form_Resize() {
+    Window& window = TheWindow();
+    if (window.State() == WindowState::Minimised) {
         return;
     }
-    const Place outer = window_->CurrentOuterPlace();
-    if (LayOutControls(*window_, TerminalLayout, outer.width, outer.height)) {
+    const Place outer = window.CurrentOuterPlace();
+    if (LayOutControls(window, TerminalLayout, outer.width, outer.height)) {
         return;
     }
-    if (window_->State() != WindowState::Normal) {
-        window_->SetState(WindowState::Normal);
+    if (window.State() != WindowState::Normal) {
+        window.SetState(WindowState::Normal);
     }
     CloseTerminal();
     // Or the next opening would end here again.
-    window_->SetOuterPlace({outer.left, outer.top, TerminalDesign.clientWidth + FrameWidth,
-                            TerminalDesign.clientHeight + FrameHeightWithoutMenu});
+    window.SetOuterPlace({outer.left, outer.top, TerminalDesign.clientWidth + FrameWidth,
+                          TerminalDesign.clientHeight + FrameHeightWithoutMenu});
 }
 
-void Terminal::CloseTerminal() {
+void TerminalForm::Form_Unload() {
     terminalComm_->ClosePort();
-    window_->Hide();
 }
 
-void Terminal::Report(const std::string& error) {
+void TerminalForm::CloseTerminal() {
+    terminalComm_->ClosePort();
+    Hide();
+}
+
+void TerminalForm::Report(const std::string& error) {
     platform_.DialogBoxes().ShowMessage(error, "Error", Buttons::Ok, Icon::Critical);
 }
 

@@ -29,6 +29,11 @@ bool Fits(const QFont& font, const QString& caption, const QRect& room) {
 
 }  // namespace
 
+// Which button of a dialog Enter presses is said by its design, not by the focus.
+FaceButton::FaceButton(QWidget* parent) : QPushButton(parent) {
+    setAutoDefault(false);
+}
+
 QRect FaceButton::CaptionRect() const {
     return rect().adjusted(2, 1, -2, -1);
 }

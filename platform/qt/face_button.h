@@ -8,7 +8,7 @@ namespace varno {
 
 class FaceButton : public QPushButton {
   public:
-    using QPushButton::QPushButton;
+    explicit FaceButton(QWidget* parent);
 
     // The font the caption is drawn in, chosen so that it fits.
     QFont CaptionFont() const;

@@ -1,7 +1,9 @@
 #include "platform/qt/qt_window.h"
 
 #include <QApplication>
-#include <QCloseEvent>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QMainWindow>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStyle>
@@ -62,79 +64,67 @@ QRect OntoScreen(QRect place) {
 
 }  // namespace
 
-Shell::Shell(QtWindow* window, QWidget* parent, Qt::WindowFlags flags)
-    : QMainWindow(parent, flags), window_(window) {
+QtWindow::QtWindow(const WindowDesign& design, QWidget* parent)
+    : frameHeight_(design.menus.empty() ? FrameHeightWithoutMenu : FrameHeightWithMenu) {
+    const Qt::WindowFlags flags = FlagsFor(design, parent != nullptr);
+    if (design.menus.empty()) {
+        widget_ = std::make_unique<QDialog>(parent, flags);
+        client_ = widget_.get();
+    } else {
+        auto main = std::make_unique<QMainWindow>(parent, flags);
+        client_ = new QWidget;
+        main->setCentralWidget(client_);
+        menuBar_ = main->menuBar();
+        AddMenus(design, *main->menuBar());
+        widget_ = std::move(main);
+    }
+    widget_->setObjectName(ToQt(design.name));
+    widget_->setWindowTitle(ToQt(design.caption));
+    AddControls(design);
+    const QSize client(ToPixels(design.clientWidth), ToPixels(design.clientHeight));
+    const QSize size = client + QSize(0, MenuBarHeight());
+    widget_->resize(size);
+    if (!design.sizable) {
+        widget_->setFixedSize(size);
+    }
     qApp->installEventFilter(this);
 }
 
-void Shell::closeEvent(QCloseEvent* event) {
-    if (window_->OnClose) {
-        window_->OnClose();
-    }
-    event->accept();
+QtWindow::~QtWindow() {
+    qApp->removeEventFilter(this);
 }
 
-void Shell::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange) {
-        window_->Resized();
+bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        PreviewKey(watched, key.text());
+        // No control wanted it. Of its own accord a dialog would hide itself.
+        if (watched == widget_.get() && key.key() == Qt::Key_Escape) {
+            if (cancelButton_ != nullptr) {
+                cancelButton_->click();
+            }
+            return true;
+        }
+    } else if (event->type() == QEvent::Resize && watched == client_) {
+        Resized();
+    } else if (event->type() == QEvent::WindowStateChange && watched == widget_.get()) {
+        Resized();
+    } else if (event->type() == QEvent::Close && watched == widget_.get() && OnClose) {
+        OnClose();
     }
+    return false;
 }
 
-void Shell::hideEvent(QHideEvent* event) {
-    QMainWindow::hideEvent(event);
-    if (!event->spontaneous() && window_->modal_ != nullptr) {
-        window_->modal_->quit();
-    }
-}
-
-// Keys that no control wanted.
-void Shell::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const std::function<void()>& press = event->key() == Qt::Key_Escape ? window_->pressCancel_
-                                         : enter                        ? window_->pressDefault_
-                                                                        : nullptr;
-    if (press) {
-        press();
+// Each key goes to the control that has the focus first, or to the window when none has it.
+void QtWindow::PreviewKey(const QObject* receiver, const QString& text) {
+    if (!OnKeyPress || text.isEmpty() || !widget_->isActiveWindow()) {
         return;
     }
-    QMainWindow::keyPressEvent(event);
-}
-
-bool Shell::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize && watched == centralWidget()) {
-        window_->Resized();
-    }
-    if (event->type() == QEvent::KeyPress && window_->OnKeyPress && isActiveWindow()) {
-        const QWidget* focus = QApplication::focusWidget();
-        const QString text = static_cast<QKeyEvent*>(event)->text();
-        const bool first = focus != nullptr ? watched == focus : watched == this;
-        if (first && !text.isEmpty()) {
-            window_->OnKeyPress(text.at(0).unicode());
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
-}
-
-QtWindow::QtWindow(const WindowDesign& design, QWidget* parent)
-    : shell_(this, parent, FlagsFor(design, parent != nullptr)),
-      client_(new QWidget(&shell_)),
-      frameHeight_(design.menus.empty() ? FrameHeightWithoutMenu : FrameHeightWithMenu) {
-    shell_.setObjectName(ToQt(design.name));
-    shell_.setWindowTitle(ToQt(design.caption));
-    shell_.setCentralWidget(client_);
-    AddMenus(design);
-    AddControls(design);
-    const QSize client(ToPixels(design.clientWidth), ToPixels(design.clientHeight));
-    if (design.sizable) {
-        shell_.resize(client + QSize(0, MenuBarHeight()));
-    } else {
-        client_->setFixedSize(client);
-        shell_.setFixedSize(client + QSize(0, MenuBarHeight()));
+    const QWidget* focus = QApplication::focusWidget();
+    if (receiver == (focus != nullptr ? focus : widget_.get())) {
+        OnKeyPress(text.at(0).unicode());
     }
 }
-
-QtWindow::~QtWindow() = default;
 
 void QtWindow::AddControls(const WindowDesign& design) {
     QWidget* previous = nullptr;
@@ -143,7 +133,7 @@ void QtWindow::AddControls(const WindowDesign& design) {
                                  ? client_
                                  : client_->findChild<QWidget*>(ToQt(control.container));
         NewControl made = MakeControl(control, container);
-        ConnectDefaultButtons(control, made.component.get());
+        NoteButtonRoles(control, made.component.get());
         if (control.kind == ControlKind::StatusStrip) {
             statusStrip_ = made.widget;
         }
@@ -157,29 +147,23 @@ void QtWindow::AddControls(const WindowDesign& design) {
     }
 }
 
-void QtWindow::ConnectDefaultButtons(const ControlDesign& control, Component* component) {
+void QtWindow::NoteButtonRoles(const ControlDesign& control, Component* component) {
     auto* button = dynamic_cast<QtButton*>(component);
     if (button == nullptr) {
         return;
     }
-    if (control.isDefault) {
-        pressDefault_ = [button] { button->Get()->click(); };
-        button->Get()->setDefault(true);
-    }
+    button->Get()->setDefault(control.isDefault);
     if (control.isCancel) {
-        pressCancel_ = [button] { button->Get()->click(); };
+        cancelButton_ = button->Get();
     }
 }
 
-void QtWindow::AddMenus(const WindowDesign& design) {
-    if (design.menus.empty()) {
-        return;
-    }
+void QtWindow::AddMenus(const WindowDesign& design, QMenuBar& menuBar) {
     std::map<std::string_view, QMenu*> menus;
     for (const MenuDesign& item : design.menus) {
         const bool isMenu = std::any_of(design.menus.begin(), design.menus.end(),
                                         [&](const MenuDesign& m) { return m.parent == item.name; });
-        QWidget* parent = shell_.menuBar();
+        QWidget* parent = &menuBar;
         if (!item.parent.empty()) {
             parent = menus.at(item.parent);
         }
@@ -190,7 +174,7 @@ void QtWindow::AddMenus(const WindowDesign& design) {
             menus[item.name] = menu;
             action = menu->menuAction();
         } else {
-            action = new QAction(&shell_);
+            action = new QAction(&menuBar);
             if (item.caption == "-") {
                 action->setSeparator(true);  // a text would be drawn beside the line
             } else {
@@ -209,9 +193,9 @@ void QtWindow::AddMenus(const WindowDesign& design) {
             }
         };
         if (isMenu) {
-            QObject::connect(action->menu(), &QMenu::aboutToShow, &shell_, run);
+            QObject::connect(action->menu(), &QMenu::aboutToShow, &menuBar, run);
         } else {
-            QObject::connect(action, &QAction::triggered, &shell_, run);
+            QObject::connect(action, &QAction::triggered, &menuBar, run);
         }
         components_.emplace(item.name, std::move(component));
     }
@@ -223,13 +207,11 @@ Component* QtWindow::Find(std::string_view name) {
 }
 
 void QtWindow::SetCaption(const std::string& caption) {
-    shell_.setWindowTitle(ToQt(caption));
+    widget_->setWindowTitle(ToQt(caption));
 }
 
 int QtWindow::MenuBarHeight() const {
-    return components_.empty() || shell_.menuWidget() == nullptr
-               ? 0
-               : shell_.menuWidget()->sizeHint().height();
+    return menuBar_ == nullptr ? 0 : menuBar_->sizeHint().height();
 }
 
 Place QtWindow::ToOuter(const QRect& frame) const {
@@ -239,23 +221,23 @@ Place QtWindow::ToOuter(const QRect& frame) const {
 
 Place QtWindow::OuterPlace() const {
     const bool normal = State() == WindowState::Normal;
-    const QRect client = normal ? shell_.geometry() : shell_.normalGeometry();
-    return ToOuter(normal ? QRect(shell_.pos(), client.size()) : client);
+    const QRect client = normal ? widget_->geometry() : widget_->normalGeometry();
+    return ToOuter(normal ? QRect(widget_->pos(), client.size()) : client);
 }
 
 Place QtWindow::CurrentOuterPlace() const {
-    return {ToTwips(shell_.x()), ToTwips(shell_.y()), ToTwips(client_->width()) + FrameWidth,
+    return {ToTwips(widget_->x()), ToTwips(widget_->y()), ToTwips(client_->width()) + FrameWidth,
             ToTwips(client_->height()) + frameHeight_};
 }
 
 void QtWindow::SetOuterPlace(const Place& place) {
     const QSize client(ToPixels(std::max(0, place.width - FrameWidth)),
                        ToPixels(std::max(0, place.height - frameHeight_)) + MenuBarHeight());
-    const QSize size = client.expandedTo(shell_.minimumSize());
+    const QSize size = client.expandedTo(widget_->minimumSize());
     const QRect reachable =
         OntoScreen(QRect(QPoint(ToPixels(place.left), ToPixels(place.top)), size));
-    shell_.resize(reachable.size());
-    shell_.move(reachable.topLeft());
+    widget_->resize(reachable.size());
+    widget_->move(reachable.topLeft());
 }
 
 // Rounded up: a window of the minimum size is not smaller than it.
@@ -266,82 +248,52 @@ void QtWindow::SetMinimumSize(int outerWidth, int outerHeight) {
     };
     const QSize client(roundUp(outerWidth - FrameWidth), roundUp(outerHeight - frameHeight_));
     client_->setMinimumSize(client);
-    shell_.setMinimumSize(client + QSize(0, MenuBarHeight()));
+    widget_->setMinimumSize(client + QSize(0, MenuBarHeight()));
 }
 
 WindowState QtWindow::State() const {
-    if (!shell_.isVisible() && !shell_.testAttribute(Qt::WA_WState_ExplicitShowHide)) {
-        return startState_;
-    }
-    return shell_.isMinimized()   ? WindowState::Minimised
-           : shell_.isMaximized() ? WindowState::Maximised
-                                  : WindowState::Normal;
+    return widget_->isMinimized()   ? WindowState::Minimised
+           : widget_->isMaximized() ? WindowState::Maximised
+                                    : WindowState::Normal;
 }
 
 void QtWindow::SetState(WindowState state) {
-    startState_ = state;
-    if (!shell_.isVisible()) {
-        return;
-    }
-    switch (state) {
-        case WindowState::Minimised:
-            shell_.showMinimized();
-            return;
-        case WindowState::Maximised:
-            shell_.showMaximized();
-            return;
-        case WindowState::Normal:
-            shell_.showNormal();
-            return;
-    }
+    constexpr Qt::WindowState States[] = {Qt::WindowNoState, Qt::WindowMinimized,
+                                          Qt::WindowMaximized};
+    widget_->setWindowState(States[static_cast<int>(state)]);
 }
 
 void QtWindow::Show() {
-    switch (startState_) {
-        case WindowState::Minimised:
-            shell_.showMinimized();
-            break;
-        case WindowState::Maximised:
-            shell_.showMaximized();
-            break;
-        case WindowState::Normal:
-            shell_.show();
-            break;
-    }
+    widget_->show();
+    Activated();
+}
+
+// A dialog stands in the middle of the main window until it has a place.
+void QtWindow::ShowModal() {
+    QMetaObject::invokeMethod(this, &QtWindow::Activated, Qt::QueuedConnection);
+    static_cast<QDialog&>(*widget_).exec();
+    widget_->setAttribute(Qt::WA_Moved);
+}
+
+void QtWindow::Hide() {
+    widget_->hide();
+}
+void QtWindow::Close() {
+    widget_->close();
+}
+
+void QtWindow::Activated() {
     Resized();
     if (OnActivate) {
         OnActivate();
     }
 }
 
-void QtWindow::ShowModal() {
-    shell_.setWindowModality(Qt::ApplicationModal);
-    if (const QWidget* parent = shell_.parentWidget(); parent != nullptr && !hasPlace_) {
-        const QPoint centre = parent->frameGeometry().center() - shell_.rect().center();
-        shell_.move(OntoScreen(QRect(centre, shell_.size())).topLeft());
-        hasPlace_ = true;
-    }
-    QEventLoop loop;
-    modal_ = &loop;
-    Show();
-    if (shell_.isVisible()) {
-        loop.exec();
-    }
-    modal_ = nullptr;
-}
-
-void QtWindow::Hide() {
-    shell_.hide();
-}
-void QtWindow::Close() {
-    shell_.close();
-}
-
 void QtWindow::Resized() {
     if (statusStrip_ != nullptr) {
         statusStrip_->resize(client_->width(), statusStrip_->height());
     }
-    if (OnResize && shell_.isVisible()) {
+    if (OnResize && widget_->isVisible()) {
         OnResize();
     }
 }
