@@ -1,5 +1,6 @@
 // A push button that shows its whole caption in whatever place it was given: it breaks the caption
-// into lines and, where even that is too wide, takes a smaller size of the font.
+// into lines and, where even that is too wide, takes a smaller size of the font. A QPushButton has
+// one line and cuts what does not fit.
 #pragma once
 
 #include <QPushButton>

@@ -1,4 +1,5 @@
-// The dialog that asks for a file name.
+// The dialog that asks for a file name. A QFileDialog splits what is typed at quotation marks, and
+// finds a file only by the very case of its letters.
 #pragma once
 
 #include <QFileDialog>

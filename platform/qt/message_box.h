@@ -1,4 +1,4 @@
-// A message box as dialogs.h describes it.
+// A message box as dialogs.h describes it; a QMessageBox takes No for a way out.
 #pragma once
 
 #include <QMessageBox>

@@ -1,5 +1,5 @@
 // A list of which at most one row is selected. Once selected, a row stays so until another one is,
-// or until it goes.
+// or until it goes; a QListWidget lets go of it by Ctrl, and does not tell of a second press.
 #pragma once
 
 #include <QListWidget>

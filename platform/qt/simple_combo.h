@@ -1,4 +1,4 @@
-// An edit field over a list that is always open.
+// An edit field over a list that is always open; a QComboBox closes its list.
 #pragma once
 
 #include <QLineEdit>

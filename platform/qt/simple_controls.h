@@ -18,7 +18,8 @@ class QtFrame final : public QtControl<Control, QWidget> {
     QtFrame(const ControlDesign& design, QWidget* parent);
 };
 
-// Cuts a caption that is too long for it with an ellipsis and shows it whole as a tool tip.
+// Cuts a caption that is too long for it with an ellipsis and shows it whole as a tool tip; a QLabel
+// cuts it without a sign.
 class ElidingLabel : public QLabel {
   public:
     using QLabel::QLabel;
@@ -51,7 +52,7 @@ class QtToggleButton final : public QtControl<ToggleButton, FaceButton> {
     void SetValue(bool pressed) override;
 };
 
-// Breaks its caption into lines where its place is too narrow.
+// Breaks its caption into lines where its place is too narrow; a QCheckBox has one line.
 class WrappingCheckBox : public QCheckBox {
   public:
     using QCheckBox::QCheckBox;
