@@ -15,7 +15,10 @@ add_dependencies(installed VarnoTicketFormatter varno-indicator varno-tickets ca
 # live in one folder, and what is called are links into it. The catalogues are the customer's to
 # change, so there they are links too: /etc keeps them through upgrades and removal.
 install(TARGETS VarnoTicketFormatter varno-indicator varno-tickets RUNTIME DESTINATION lib/${package})
-install(FILES "${PROJECT_BINARY_DIR}/Varno Ticket Formatter Tutorial.rtf" DESTINATION lib/${package})
+foreach(format rtf html)
+    install(FILES "${PROJECT_BINARY_DIR}/Varno Ticket Formatter Tutorial.${format}"
+        DESTINATION lib/${package})
+endforeach()
 function(install_link target folder name)
     file(MAKE_DIRECTORY ${made}/${folder})
     file(CREATE_LINK ${target} "${made}/${folder}/${name}" SYMBOLIC)

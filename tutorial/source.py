@@ -25,6 +25,7 @@ class Span:
     italic: bool = False
     fixed: bool = False  # in the font of the ticket editor
     colour: str = "black"
+    ticket: bool = False  # as the editor or the paper shows it
 
 
 @dataclasses.dataclass
@@ -87,7 +88,7 @@ def parse_inline(text, line):
         elif kind == "coloured":
             if match["colour"] not in COLOURS:
                 raise SourceError(f"line {line}: there is no colour {match['colour']}")
-            spans.append(Span(match["coloured"], bold, italic, True, match["colour"]))
+            spans.append(Span(match["coloured"], bold, italic, True, match["colour"], True))
         else:
             spans.append(Span(match["plain"] or match["text"], bold, italic))
     if bold or italic:

@@ -94,6 +94,9 @@ TEST(BlockFile, IsReadAsFarAsItCanMatter) {
     ASSERT_FALSE(WriteFile(path, longest + "8,"));
     EXPECT_TRUE(ReadBlockFile(path, image));
     EXPECT_EQ(image, longest);
+    EXPECT_EQ(FaultsInBlockFile(longest).at(0), "It has 262143 characters; a block has 8007.");
+    EXPECT_EQ(FaultsInBlockFile(longest + "8").at(0),
+              "It has 262144 or more characters; a block has 8007.");
 }
 
 }  // namespace

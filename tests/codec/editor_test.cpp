@@ -55,9 +55,9 @@ TEST(Insert, WritesAtTheCaretAndReplacesASelection) {
     EXPECT_EQ(ToPicture(editor.Content()), "a{r}C012{g} NET{k}\n{b}P7{m}A27{k}b{r}C005");
     EXPECT_EQ(editor.SelStart(), 16);
     editor.Select(1, 15);
-    SetTypingFormat(editor, TextColour, "SB");
+    SetTypingFormat(editor, TextColour, "SBIU");
     InsertText(editor, u"x");
-    EXPECT_EQ(ToPicture(editor.Content()), "a{kBS}x{k}b{r}C005");
+    EXPECT_EQ(ToPicture(editor.Content()), "a{kBIUS}x{k}b{r}C005");
     EXPECT_EQ(editor.SelLength(), 0);
     editor.Select(1, 2);
     InsertComment(editor);  // an empty text only sets the typing format
