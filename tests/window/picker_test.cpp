@@ -369,7 +369,7 @@ TEST_F(Pickers, InsertACodeOnALineOfItsOwn) {
         {"[xy]b", "{b}P010{g} GRÖß{k}\n|b"},
     };
     for (const auto& [before, after] : cases) {
-        EXPECT_EQ(PickOver(before, "PrintCodes", [](auto& p) { p.DoubleClickEntry(Codes, 1); }),
+        EXPECT_EQ(PickOver(before, "PrintCodes", [](auto& p) { p.DoubleClickEntry(Codes, 0); }),
                   after);
     }
 }
