@@ -32,7 +32,9 @@ std::vector<Word> LargestTicket() {
         body.push_back(static_cast<Word>(ControlCode + number));
         body.push_back(static_cast<Word>(PrintCode + number));
         body.insert(body.end(), {' ', 'k', 'g'});
-        if (i % 4 == 0) body.insert(body.end(), {'\r', '\n'});
+        if (i % 4 == 0) {
+            body.insert(body.end(), {'\r', '\n'});
+        }
     }
     body.resize(LargestBody);
     return body;
@@ -50,7 +52,9 @@ void BenchLayout() {
         const double start = ProcessorSeconds();
         const Paper paper = LayOut(body, effects);
         times.push_back(ProcessorSeconds() - start);
-        if (paper.words != LargestBody) std::printf("words are missing\n");
+        if (paper.words != LargestBody) {
+            std::printf("words are missing\n");
+        }
     }
     Report("lay out the largest ticket / what it may take", Median(times), Allowed, 1.0);
 }

@@ -29,7 +29,9 @@ std::string Printed(Word key) {
 std::set<int> Numbers(std::initializer_list<const BlockContent*> blocks) {
     std::set<int> numbers;
     for (const BlockContent* block : blocks) {
-        for (const TicketRecord& ticket : block->tickets) numbers.insert(ticket.number);
+        for (const TicketRecord& ticket : block->tickets) {
+            numbers.insert(ticket.number);
+        }
     }
     return numbers;
 }
@@ -77,7 +79,9 @@ void TellTicket(const TicketRecord& first, const TicketRecord& second, const Cod
     told.push_back(Ticket(first.number) + " differs:");
     const auto lines = [&](const TicketRecord& ticket) {
         Lines all = TicketLines(ticket.body, comment);
-        if (ticket.end != TicketEnd) all.push_back("end " + WordHex(ticket.end));
+        if (ticket.end != TicketEnd) {
+            all.push_back("end " + WordHex(ticket.end));
+        }
         return all;
     };
     const Lines a = lines(first);
@@ -88,7 +92,9 @@ void TellTicket(const TicketRecord& first, const TicketRecord& second, const Cod
 // What one value becomes where two sides changed it; nothing if they disagree.
 template <class T>
 const T* Agreed(const T& base, const T& ours, const T& theirs) {
-    if (ours == theirs || theirs == base) return &ours;
+    if (ours == theirs || theirs == base) {
+        return &ours;
+    }
     return ours == base ? &theirs : nullptr;
 }
 
@@ -99,7 +105,9 @@ class Merger {
 
     MergedBlock Run() {
         MergeTickets();
-        for (std::size_t key = 0; key < KeyCount; ++key) MergeKey(key);
+        for (std::size_t key = 0; key < KeyCount; ++key) {
+            MergeKey(key);
+        }
         Take(&BlockContent::endMarker, "the end marker");
         Take(&BlockContent::fill, "what follows the tickets");
         Take(&BlockContent::smallDigits, "the size of the digits");
@@ -112,9 +120,13 @@ class Merger {
   private:
     void MergeTickets() {
         for (const TicketRecord& ticket : theirs_.tickets) {
-            if (ours_.Find(ticket.number) == nullptr) MergeTicket(ticket.number);
+            if (ours_.Find(ticket.number) == nullptr) {
+                MergeTicket(ticket.number);
+            }
         }
-        for (const TicketRecord& ticket : ours_.tickets) MergeTicket(ticket.number);
+        for (const TicketRecord& ticket : ours_.tickets) {
+            MergeTicket(ticket.number);
+        }
     }
 
     void MergeTicket(int number) {
@@ -150,7 +162,9 @@ class Merger {
     template <class T>
     void Take(T BlockContent::*member, const std::string& what) {
         const T* agreed = Agreed(base_.*member, ours_.*member, theirs_.*member);
-        if (agreed == nullptr) return Conflict(what + " was changed on both sides");
+        if (agreed == nullptr) {
+            return Conflict(what + " was changed on both sides");
+        }
         merged_.content.*member = *agreed;
     }
 

@@ -21,7 +21,9 @@ bool HasSmallDigits(std::string_view image) {
 }
 
 void Append(std::string& memory, std::span<const Word> words) {
-    for (const Word word : words) memory += WordHex(word);
+    for (const Word word : words) {
+        memory += WordHex(word);
+    }
 }
 
 }  // namespace
@@ -35,7 +37,9 @@ const TicketRecord* BlockContent::Find(int number) const {
 
 std::size_t BlockContent::Words() const {
     std::size_t words = EndMarkerDigits / WordDigits + fill.size();
-    for (const TicketRecord& ticket : tickets) words += ticket.body.size() + 2;
+    for (const TicketRecord& ticket : tickets) {
+        words += ticket.body.size() + 2;
+    }
     return words;
 }
 
@@ -56,11 +60,18 @@ BlockContent ContentOf(std::string_view image) {
             content.tickets.back().body.push_back(*word);
         }
     }
-    if (word == words.end()) return content;
+    if (word == words.end()) {
+        return content;
+    }
     content.endMarker = *word++;
-    for (Word& key : content.keys)
-        if (word != words.end()) key = *word++;
-    while (!words.empty() && words.back() == 0 && words.end() > word) words.pop_back();
+    for (Word& key : content.keys) {
+        if (word != words.end()) {
+            key = *word++;
+        }
+    }
+    while (!words.empty() && words.back() == 0 && words.end() > word) {
+        words.pop_back();
+    }
     content.fill.assign(word, words.end());
     return content;
 }
@@ -73,7 +84,9 @@ std::string RecordHex(const TicketRecord& ticket) {
 
 std::string ImageOf(const BlockContent& content) {
     std::string memory;
-    for (const TicketRecord& ticket : content.tickets) memory += RecordHex(ticket);
+    for (const TicketRecord& ticket : content.tickets) {
+        memory += RecordHex(ticket);
+    }
     memory += WordHex(content.endMarker);
     Append(memory, content.keys);
     Append(memory, content.fill);

@@ -24,7 +24,9 @@ bool IsPlainKey(Word key) {
 std::string OrderEntry(const BlockContent& content, int number) {
     std::string letters;
     for (std::size_t key = 0; key < content.keys.size(); ++key) {
-        if (content.keys[key] == number) letters += KeyNames[key].front();
+        if (content.keys[key] == number) {
+            letters += KeyNames[key].front();
+        }
     }
     return " " + std::to_string(number) + (letters.empty() ? "" : ":") + letters;
 }
@@ -32,7 +34,9 @@ std::string OrderEntry(const BlockContent& content, int number) {
 std::string FillLines(const std::vector<Word>& fill) {
     std::string lines;
     for (std::size_t i = 0; i < fill.size(); ++i) {
-        if (i % FillWordsInLine == 0) lines += (i > 0 ? "\nfill" : "fill");
+        if (i % FillWordsInLine == 0) {
+            lines += (i > 0 ? "\nfill" : "fill");
+        }
         lines += " " + WordHex(fill[i]);
     }
     return lines + (fill.empty() ? "" : "\n");
@@ -47,7 +51,9 @@ std::string OddLines(const BlockContent& content) {
                      WordHex(content.keys[key]) + "\n";
         }
     }
-    if (content.endMarker != EndMarker) lines += "marker " + WordHex(content.endMarker) + "\n";
+    if (content.endMarker != EndMarker) {
+        lines += "marker " + WordHex(content.endMarker) + "\n";
+    }
     return lines + FillLines(content.fill);
 }
 
@@ -69,7 +75,9 @@ class Line {
     std::string_view Word(const char* wanted) {
         begin_ = std::min(text_.find_first_not_of(' ', next_), text_.size());
         next_ = std::min(text_.find(' ', begin_), text_.size());
-        if (begin_ == next_) Refuse(wanted);
+        if (begin_ == next_) {
+            Refuse(wanted);
+        }
         return text_.substr(begin_, next_ - begin_);
     }
     varno::Word HexWord() {
@@ -92,7 +100,9 @@ class Line {
         return number;
     }
     void RequireEnd() {
-        if (AtEnd()) return;
+        if (AtEnd()) {
+            return;
+        }
         Word("");
         Refuse("The line should end before this.");
     }
@@ -112,20 +122,26 @@ class Line {
 class Reader {
   public:
     explicit Reader(std::string_view text) : rest_(text) {
-        if (rest_.starts_with("\xEF\xBB\xBF")) rest_.remove_prefix(3);
+        if (rest_.starts_with("\xEF\xBB\xBF")) {
+            rest_.remove_prefix(3);
+        }
     }
 
     BlockContent ReadBlock() {
         bool titled = false;
         while (auto line = NextLine()) {
-            if (line->IsRemark()) continue;
+            if (line->IsRemark()) {
+                continue;
+            }
             if (!titled && line->Text() != Title) {
                 line->Refuse("The text of a block begins with the line \"" + std::string(Title) +
                              "\".");
             }
             titled ? ReadBlockLine(*line) : void(titled = true);
         }
-        if (!titled) Line("", lines_ + 1).Refuse("The text is empty.");
+        if (!titled) {
+            Line("", lines_ + 1).Refuse("The text is empty.");
+        }
         SortByOrder();
         RequireKeysTickets();
         if (content_.Words() > MemoryWords) {
@@ -139,28 +155,38 @@ class Reader {
 
     TicketRecord ReadTicket() {
         while (auto line = NextLine()) {
-            if (line->IsRemark()) continue;
+            if (line->IsRemark()) {
+                continue;
+            }
             if (content_.tickets.size() == 1 && line->Text().starts_with("ticket ")) {
                 line->Refuse("There is a second ticket.");
             }
             ReadTicketLines(*line);
         }
-        if (content_.tickets.empty()) Line("", lines_ + 1).Refuse("The text is empty.");
+        if (content_.tickets.empty()) {
+            Line("", lines_ + 1).Refuse("The text is empty.");
+        }
         return std::move(content_.tickets.front());
     }
 
   private:
     std::optional<Line> NextLine() {
-        if (rest_.empty()) return std::nullopt;
+        if (rest_.empty()) {
+            return std::nullopt;
+        }
         const std::size_t end = std::min(rest_.find('\n'), rest_.size());
         std::string_view line = rest_.substr(0, end);
         rest_.remove_prefix(std::min(end + 1, rest_.size()));
-        if (line.ends_with('\r')) line.remove_suffix(1);
+        if (line.ends_with('\r')) {
+            line.remove_suffix(1);
+        }
         return Line(line, ++lines_);
     }
 
     void ReadBlockLine(Line& line) {
-        if (line.IsTicketText()) return ReadTicketLines(line);
+        if (line.IsTicketText()) {
+            return ReadTicketLines(line);
+        }
         const std::string_view keyword = Line(line).Word("");
         if (keyword == "order") {
             ReadOrder(line);
@@ -172,7 +198,9 @@ class Reader {
             ReadDigits(line);
         } else if (keyword == "fill") {
             line.Word("");
-            while (!line.AtEnd()) content_.fill.push_back(line.HexWord());
+            while (!line.AtEnd()) {
+                content_.fill.push_back(line.HexWord());
+            }
         } else {
             ReadTicketLines(line);
         }
@@ -180,9 +208,13 @@ class Reader {
 
     void ReadOrder(Line& line) {
         line.Word("");
-        if (order_) line.Refuse("There is a second line of the order.");
+        if (order_) {
+            line.Refuse("There is a second line of the order.");
+        }
         order_ = line;
-        while (!line.AtEnd()) ReadOrderEntry(line);
+        while (!line.AtEnd()) {
+            ReadOrderEntry(line);
+        }
     }
 
     void ReadOrderEntry(Line& line) {
@@ -223,19 +255,25 @@ class Reader {
     void ReadMarker(Line& line) {
         line.Word("");
         content_.endMarker = line.HexWord();
-        if (ClassOf(content_.endMarker) != EndMarkerClass) line.Refuse("This is no end marker.");
+        if (ClassOf(content_.endMarker) != EndMarkerClass) {
+            line.Refuse("This is no end marker.");
+        }
         line.RequireEnd();
     }
 
     void ReadDigits(Line& line) {
         line.Word("");
         content_.smallDigits = line.Word("\"small\" is missing here.") == "small";
-        if (!content_.smallDigits) line.Refuse("Digits are capital unless they are \"small\".");
+        if (!content_.smallDigits) {
+            line.Refuse("Digits are capital unless they are \"small\".");
+        }
         line.RequireEnd();
     }
 
     void ReadTicketLines(Line& line) {
-        if (line.IsTicketText()) return ReadText(line);
+        if (line.IsTicketText()) {
+            return ReadText(line);
+        }
         const std::string_view keyword = line.Word("");
         if (keyword == "ticket") {
             BeginTicket(line);
@@ -259,7 +297,9 @@ class Reader {
     void EndTicket(Line& line) {
         TicketRecord& ticket = CurrentTicket(line);
         ticket.end = line.HexWord();
-        if (ClassOf(ticket.end) != TicketEndClass) line.Refuse("This ends no ticket.");
+        if (ClassOf(ticket.end) != TicketEndClass) {
+            line.Refuse("This ends no ticket.");
+        }
         line.RequireEnd();
     }
 
@@ -274,7 +314,9 @@ class Reader {
     }
 
     TicketRecord& CurrentTicket(const Line& line) {
-        if (content_.tickets.empty()) line.Refuse("This belongs to no ticket.");
+        if (content_.tickets.empty()) {
+            line.Refuse("This belongs to no ticket.");
+        }
         return content_.tickets.back();
     }
 
@@ -326,18 +368,26 @@ std::variant<Content, BlockTextFault> Read(std::string_view text, Content (Reade
 
 std::string TicketText(const TicketRecord& ticket, const CodeComment& comment) {
     std::string text = "ticket " + std::to_string(ticket.number) + "\n";
-    for (const std::string& line : TicketLines(ticket.body, comment)) text += "|" + line + "\n";
-    if (ticket.end != TicketEnd) text += "end " + WordHex(ticket.end) + "\n";
+    for (const std::string& line : TicketLines(ticket.body, comment)) {
+        text += "|" + line + "\n";
+    }
+    if (ticket.end != TicketEnd) {
+        text += "end " + WordHex(ticket.end) + "\n";
+    }
     return text;
 }
 
 std::string BlockText(const BlockContent& content, const CodeComment& comment) {
     std::string text = std::string(Title) + "\norder";
-    for (const TicketRecord& ticket : content.tickets) text += OrderEntry(content, ticket.number);
+    for (const TicketRecord& ticket : content.tickets) {
+        text += OrderEntry(content, ticket.number);
+    }
     text += "\n" + OddLines(content);
     std::vector<TicketRecord> tickets = content.tickets;
     std::ranges::sort(tickets, {}, &TicketRecord::number);
-    for (const TicketRecord& ticket : tickets) text += TicketText(ticket, comment);
+    for (const TicketRecord& ticket : tickets) {
+        text += TicketText(ticket, comment);
+    }
     return text;
 }
 

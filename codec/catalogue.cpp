@@ -13,8 +13,12 @@ namespace {
 
 // Reads up to the next LF; a CR in front of it belongs to the line end.
 bool ReadLine(std::istream& file, std::string& line) {
-    if (!std::getline(file, line)) return false;
-    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (!std::getline(file, line)) {
+        return false;
+    }
+    if (!line.empty() && line.back() == '\r') {
+        line.pop_back();
+    }
     return true;
 }
 
@@ -28,8 +32,12 @@ std::u16string UpperCased(std::string_view bytes) {
 int NumberOf(std::string_view field) {
     int number = 0;
     for (const char c : field) {
-        if (c == ' ') continue;
-        if (c < '0' || c > '9') break;
+        if (c == ' ') {
+            continue;
+        }
+        if (c < '0' || c > '9') {
+            break;
+        }
         number = number * 10 + (c - '0');
     }
     return number;
@@ -52,9 +60,14 @@ std::string LoadCatalogue(const std::string& path, std::vector<CatalogueRow>& ro
     errno = 0;
     std::ifstream file(path, std::ios::binary);
     std::string line;
-    while (ReadLine(file, line))
-        if (IsRow(line)) rows.push_back({UpperCased(line)});
-    if (file.is_open() && !file.bad()) return {};
+    while (ReadLine(file, line)) {
+        if (IsRow(line)) {
+            rows.push_back({UpperCased(line)});
+        }
+    }
+    if (file.is_open() && !file.bad()) {
+        return {};
+    }
     rows.clear();
     return std::generic_category().message(errno != 0 ? errno : EIO);
 }
@@ -66,7 +79,9 @@ std::u16string FindCodeComment(const Catalogues& catalogues, Word code) {
     std::string line;
     while (ReadLine(file, line)) {
         const std::string_view text = line;
-        if (text.substr(0, CodeDigits) == digits) return UpperCased(text.substr(CodeDigits));
+        if (text.substr(0, CodeDigits) == digits) {
+            return UpperCased(text.substr(CodeDigits));
+        }
     }
     return {};
 }

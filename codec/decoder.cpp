@@ -41,7 +41,9 @@ class TicketWriter {
 
     using InsertProcedure = void (*)(MarkedEditor&, std::u16string_view);
     void CodeLine(InsertProcedure insertMark, Word code, std::u16string_view comment) {
-        if (!lineStart_) InsertPlain(editor_, LineBreak);
+        if (!lineStart_) {
+            InsertPlain(editor_, LineBreak);
+        }
         insertMark(editor_, Digits(code));
         InsertComment(editor_, comment);
         InsertPlain(editor_, LineBreak);
@@ -55,17 +57,20 @@ class TicketWriter {
 
 // Shows a character word; answers whether a CR now waits for its LF.
 bool ShowCharacter(TicketWriter& ticket, Word value, bool pendingCR) {
-    if (value == '\r') return true;
-    if (value == '\n' && pendingCR)
+    if (value == '\r') {
+        return true;
+    }
+    if (value == '\n' && pendingCR) {
         ticket.LineEnd();
-    else if (value == '\n')
+    } else if (value == '\n') {
         ticket.AsciiMark(value);
-    else if (value == ' ')
+    } else if (value == ' ') {
         ticket.Text(SpaceMarker);
-    else if (value > ' ' && value <= '~')
+    } else if (value > ' ' && value <= '~') {
         ticket.Text(static_cast<char16_t>(value));
-    else
+    } else {
         ticket.AsciiMarkApart(value);
+    }
     return false;
 }
 
@@ -86,13 +91,16 @@ void TicketDecoder::DecodeTicket(std::span<const Word> words, int ticketNumber,
             pendingCR_ = false;
             ticket.AsciiMark('\r');
         }
-        if (wordClass == TicketEndClass) return;
-        if (wordClass == CharacterClass)
+        if (wordClass == TicketEndClass) {
+            return;
+        }
+        if (wordClass == CharacterClass) {
             pendingCR_ = ShowCharacter(ticket, word, pendingCR_);
-        else if (wordClass == ControlCodeClass)
+        } else if (wordClass == ControlCodeClass) {
             ticket.CodeLine(InsertControlMark, word, FindCodeComment(catalogues, word));
-        else if (wordClass == PrintCodeClass)
+        } else if (wordClass == PrintCodeClass) {
             ticket.CodeLine(InsertPrintMark, word, FindCodeComment(catalogues, word));
+        }
     }
 }
 

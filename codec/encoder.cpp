@@ -27,7 +27,9 @@ class Encoder {
     explicit Encoder(const MarkedText& ticket) : ticket_(ticket) {}
 
     std::vector<PlacedWord> Encode() {
-        while (next_ < ticket_.Length()) EncodeNext();
+        while (next_ < ticket_.Length()) {
+            EncodeNext();
+        }
         return std::move(body_);
     }
 
@@ -39,34 +41,50 @@ class Encoder {
         const char16_t character = ticket_.At(next_);
         const Colour colour = ticket_.FormatAt(next_).colour;
         ++next_;
-        if (colour == TextColour) return WriteText(character);
-        for (const Mark& mark : Marks)
-            if (colour == mark.colour && character == mark.letter) return WriteMark(mark);
+        if (colour == TextColour) {
+            return WriteText(character);
+        }
+        for (const Mark& mark : Marks) {
+            if (colour == mark.colour && character == mark.letter) {
+                return WriteMark(mark);
+            }
+        }
     }
 
     void WriteText(char16_t character) {
-        if (character < u' ') return;
-        if (character == SpaceMarker) return Write(u' ');
+        if (character < u' ') {
+            return;
+        }
+        if (character == SpaceMarker) {
+            return Write(u' ');
+        }
         if (character == LineEndMarker) {
             Write(u'\r');
             return Write(u'\n');
         }
-        if (IsSecondHalf(character)) return;  // one "?" stands for both halves
+        if (IsSecondHalf(character)) {
+            return;  // one "?" stands for both halves
+        }
         Write(ToWindows1252(character));
     }
 
     // Whether the character just read completes a surrogate pair of black text.
     bool IsSecondHalf(char16_t character) const {
-        if ((character & 0xFC00) != 0xDC00 || next_ < 2) return false;
+        if ((character & 0xFC00) != 0xDC00 || next_ < 2) {
+            return false;
+        }
         return (ticket_.At(next_ - 2) & 0xFC00) == 0xD800 &&
                ticket_.FormatAt(next_ - 2).colour == TextColour;
     }
 
     void WriteMark(const Mark& mark) {
         int number = 0;  // stays at MaxWordValue + 1 once it is too large for a word
-        for (std::size_t digits = 0; digits < mark.maxDigits && IsDigitOf(mark); ++digits)
+        for (std::size_t digits = 0; digits < mark.maxDigits && IsDigitOf(mark); ++digits) {
             number = std::min(number * 10 + (ticket_.At(next_++) - u'0'), MaxWordValue + 1);
-        if (number <= MaxWordValue) Write(mark.base + number);
+        }
+        if (number <= MaxWordValue) {
+            Write(mark.base + number);
+        }
     }
 
     bool IsDigitOf(const Mark& mark) const {
@@ -91,7 +109,9 @@ std::string EncodeTicket(const MarkedText& ticket, int ticketNumber) {
     std::string record;
     record.reserve((body.size() + 2) * WordDigits);
     record += WordHex(static_cast<Word>(TicketHeader + ticketNumber));
-    for (const PlacedWord& placed : body) record += WordHex(placed.word);
+    for (const PlacedWord& placed : body) {
+        record += WordHex(placed.word);
+    }
     return record + WordHex(TicketEnd);
 }
 

@@ -26,7 +26,9 @@ void MarkedText::Erase(std::size_t position, std::size_t length) {
 }
 
 std::size_t MarkedText::RunEnd(std::size_t position) const {
-    if (position >= formats_.size()) return formats_.size();
+    if (position >= formats_.size()) {
+        return formats_.size();
+    }
     const auto first = formats_.begin() + static_cast<std::ptrdiff_t>(position);
     const auto end = std::find_if(first, formats_.end(),
                                   [&](const CharFormat& format) { return format != *first; });

@@ -29,7 +29,9 @@ void MemoryEditor::Select(int start, int length) {
 }
 
 void MemoryEditor::SetSelText(std::u16string_view text) {
-    if (text.empty()) return;
+    if (text.empty()) {
+        return;
+    }
     const CharFormat format = TypingFormat();
     const auto start = static_cast<std::size_t>(start_);
     content_.Erase(start, static_cast<std::size_t>(length_));

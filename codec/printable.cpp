@@ -61,7 +61,9 @@ template <class Use>
 void ForEachCharacter(std::u16string_view text, const Use& use) {
     for (std::size_t at = 0; at < text.size(); ++at) {
         char32_t c = text[at];
-        if (IsPairAt(text, at)) c = 0x10000 + ((c & 0x3FF) << 10) + (text[++at] & 0x3FF);
+        if (IsPairAt(text, at)) {
+            c = 0x10000 + ((c & 0x3FF) << 10) + (text[++at] & 0x3FF);
+        }
         use(c);
     }
 }
@@ -76,7 +78,9 @@ bool AddSimpleForm(std::u16string& form, char32_t c) {
         form += SpaceMarker;
         return true;
     }
-    if (IsIn(Unseen, c) || IsIn(Accents, c)) return true;
+    if (IsIn(Unseen, c) || IsIn(Accents, c)) {
+        return true;
+    }
     const auto* const found = std::find_if(Forms.begin(), Forms.end(),
                                            [c](const Form& row) { return row.character == c; });
     if (found != Forms.end()) {
@@ -84,13 +88,17 @@ bool AddSimpleForm(std::u16string& form, char32_t c) {
         return true;
     }
     const bool inSet = c <= 0xFFFF && ToWindows1252(static_cast<char16_t>(c)) != '?';
-    if (inSet) form += static_cast<char16_t>(c);
+    if (inSet) {
+        form += static_cast<char16_t>(c);
+    }
     return inSet;
 }
 
 std::u16string FormOf(char32_t c, const Decompose& decompose) {
     std::u16string form;
-    if (AddSimpleForm(form, c)) return form;
+    if (AddSimpleForm(form, c)) {
+        return form;
+    }
     bool whole = true;
     ForEachCharacter(decompose(c),
                      [&](char32_t part) { whole = AddSimpleForm(form, part) && whole; });
@@ -110,7 +118,9 @@ class Printer {
     MarkedText Print() {
         for (std::size_t start = 0; start < text_.Length();) {
             std::size_t end = start;
-            while (end < text_.Length() && !IsBreak(text_.At(end))) ++end;
+            while (end < text_.Length() && !IsBreak(text_.At(end))) {
+                ++end;
+            }
             PrintLine(start, end);
             start = end < text_.Length() ? PrintBreak(start, end) : end;
         }
@@ -121,7 +131,9 @@ class Printer {
     void PrintLine(std::size_t start, std::size_t end) {
         while (start < end) {
             std::size_t next = start;  // where the format changes; a run may go on for many lines
-            while (next < end && text_.FormatAt(next) == text_.FormatAt(start)) ++next;
+            while (next < end && text_.FormatAt(next) == text_.FormatAt(start)) {
+                ++next;
+            }
             const std::u16string_view run =
                 std::u16string_view(text_.Text()).substr(start, next - start);
             const CharFormat& format = text_.FormatAt(start);
@@ -137,7 +149,9 @@ class Printer {
         for (std::size_t behind; (behind = run.find(LineEndMarker) + 1) != 0;) {
             printed_.Append(PrintableForm(run.substr(0, behind), decompose_), format);
             run.remove_prefix(behind);
-            if (!run.empty() || !breakFollows) printed_.Append(LineBreak, format);
+            if (!run.empty() || !breakFollows) {
+                printed_.Append(LineBreak, format);
+            }
         }
         printed_.Append(PrintableForm(run, decompose_), format);
     }
@@ -146,20 +160,27 @@ class Printer {
     std::size_t PrintBreak(std::size_t start, std::size_t end) {
         const bool pair = text_.Text().compare(end, LineBreak.size(), LineBreak) == 0;
         const std::size_t next = end + (pair ? LineBreak.size() : 1);
-        if (IsPrintedLine(start, end) && !IsCodeMark(next))
+        if (IsPrintedLine(start, end) && !IsCodeMark(next)) {
             printed_.Append({&LineEndMarker, 1}, {});
+        }
         printed_.Append(LineBreak, text_.FormatAt(end));
         return next;
     }
 
     // Whether a line is text of the ticket that no marker ends yet.
     bool IsPrintedLine(std::size_t start, std::size_t end) const {
-        if (start == end) return text_.FormatAt(end).colour == TextColour;
+        if (start == end) {
+            return text_.FormatAt(end).colour == TextColour;
+        }
         const bool ended = text_.At(end - 1) == LineEndMarker;
-        if (ended || text_.FormatAt(end - 1).colour == CommentColour) return false;
+        if (ended || text_.FormatAt(end - 1).colour == CommentColour) {
+            return false;
+        }
         bool black = false;
         for (std::size_t at = start; at < end; ++at) {
-            if (IsCodeMark(at)) return false;
+            if (IsCodeMark(at)) {
+                return false;
+            }
             black = black || text_.FormatAt(at).colour == TextColour;
         }
         return black;
@@ -167,7 +188,9 @@ class Printer {
 
     // The letter and the first digit of a control or print code.
     bool IsCodeMark(std::size_t at) const {
-        if (at + 1 >= text_.Length()) return false;
+        if (at + 1 >= text_.Length()) {
+            return false;
+        }
         const Colour colour = text_.FormatAt(at).colour;
         const char16_t letter = colour == ControlCodeColour ? u'C'
                                 : colour == PrintCodeColour ? u'P'

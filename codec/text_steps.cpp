@@ -23,8 +23,12 @@ Kind KindAt(const MarkedText& text, std::size_t at) {
     const char16_t c = text.At(at);
     const bool marksLineEnd =
         c == LineEndMarker && at + 1 < text.Length() && IsBreak(text.At(at + 1));
-    if (IsBreak(c) || marksLineEnd) return Kind::LineEnd;
-    if (Blanks.find(c) != std::u16string_view::npos) return Kind::Blank;
+    if (IsBreak(c) || marksLineEnd) {
+        return Kind::LineEnd;
+    }
+    if (Blanks.find(c) != std::u16string_view::npos) {
+        return Kind::Blank;
+    }
     return IsLetterOrDigit(c) ? Kind::Word : Kind::Sign;
 }
 
@@ -36,11 +40,15 @@ bool Joined(const MarkedText& text, std::size_t at) {
 
 // Of the run of characters that belong together.
 std::size_t RunEnd(const MarkedText& text, std::size_t at) {
-    while (at + 1 < text.Length() && Joined(text, at)) ++at;
+    while (at + 1 < text.Length() && Joined(text, at)) {
+        ++at;
+    }
     return at + 1;
 }
 std::size_t RunStart(const MarkedText& text, std::size_t at) {
-    while (at > 0 && Joined(text, at - 1)) --at;
+    while (at > 0 && Joined(text, at - 1)) {
+        --at;
+    }
     return at;
 }
 
@@ -50,12 +58,16 @@ bool IsLineEnd(const MarkedText& text, std::size_t at) {
 
 // `at` is in a line end.
 std::size_t BehindLineEnd(const MarkedText& text, std::size_t at) {
-    if (text.At(at) == LineEndMarker) ++at;
+    if (text.At(at) == LineEndMarker) {
+        ++at;
+    }
     const bool pair = text.At(at) == u'\r' && at + 1 < text.Length() && text.At(at + 1) == u'\n';
     return at + (pair ? 2 : 1);
 }
 std::size_t BeforeLineEnd(const MarkedText& text, std::size_t at) {
-    if (text.At(at) == u'\n' && at > 0 && text.At(at - 1) == u'\r') --at;
+    if (text.At(at) == u'\n' && at > 0 && text.At(at - 1) == u'\r') {
+        --at;
+    }
     return at > 0 && text.At(at - 1) == LineEndMarker && IsBreak(text.At(at)) ? at - 1 : at;
 }
 
@@ -67,19 +79,29 @@ bool IsPair(const MarkedText& text, std::size_t at) {
 }  // namespace
 
 std::size_t NextCharacter(const MarkedText& text, std::size_t from) {
-    if (from >= text.Length()) return from;
-    if (IsLineEnd(text, from)) return BehindLineEnd(text, from);
+    if (from >= text.Length()) {
+        return from;
+    }
+    if (IsLineEnd(text, from)) {
+        return BehindLineEnd(text, from);
+    }
     return from + (IsPair(text, from) ? 2 : 1);
 }
 
 std::size_t PreviousCharacter(const MarkedText& text, std::size_t from) {
-    if (from == 0) return 0;
-    if (IsLineEnd(text, from - 1)) return BeforeLineEnd(text, from - 1);
+    if (from == 0) {
+        return 0;
+    }
+    if (IsLineEnd(text, from - 1)) {
+        return BeforeLineEnd(text, from - 1);
+    }
     return from - (from >= 2 && IsPair(text, from - 2) ? 2 : 1);
 }
 
 std::size_t NextWord(const MarkedText& text, std::size_t from) {
-    if (from >= text.Length() || IsLineEnd(text, from)) return NextCharacter(text, from);
+    if (from >= text.Length() || IsLineEnd(text, from)) {
+        return NextCharacter(text, from);
+    }
     const std::size_t end = RunEnd(text, from);
     const bool blanksFollow = end < text.Length() && KindAt(text, end) == Kind::Blank &&
                               text.FormatAt(end).colour == text.FormatAt(end - 1).colour;
@@ -87,7 +109,9 @@ std::size_t NextWord(const MarkedText& text, std::size_t from) {
 }
 
 std::size_t PreviousWord(const MarkedText& text, std::size_t from) {
-    if (from == 0 || IsLineEnd(text, from - 1)) return PreviousCharacter(text, from);
+    if (from == 0 || IsLineEnd(text, from - 1)) {
+        return PreviousCharacter(text, from);
+    }
     const std::size_t start = RunStart(text, from - 1);
     const bool wordBefore = KindAt(text, start) == Kind::Blank && start > 0 &&
                             !IsLineEnd(text, start - 1) &&
@@ -96,8 +120,12 @@ std::size_t PreviousWord(const MarkedText& text, std::size_t from) {
 }
 
 std::size_t RestOfLine(const MarkedText& text, std::size_t from) {
-    if (IsLineEnd(text, from)) return BehindLineEnd(text, from);
-    while (from < text.Length() && !IsLineEnd(text, from)) ++from;
+    if (IsLineEnd(text, from)) {
+        return BehindLineEnd(text, from);
+    }
+    while (from < text.Length() && !IsLineEnd(text, from)) {
+        ++from;
+    }
     return from;
 }
 
@@ -109,8 +137,12 @@ TextRange WordAt(const MarkedText& text, std::size_t position) {
     const Kind before = position > 0 ? kind(position - 1) : Kind::LineEnd;
     const bool atEnd = behind != Kind::Word && before != Kind::LineEnd &&
                        (before == Kind::Word || behind == Kind::LineEnd);
-    if (atEnd) --position;
-    if (kind(position) == Kind::LineEnd) return {position, position};
+    if (atEnd) {
+        --position;
+    }
+    if (kind(position) == Kind::LineEnd) {
+        return {position, position};
+    }
     return {RunStart(text, position), RunEnd(text, position)};
 }
 

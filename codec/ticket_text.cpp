@@ -15,9 +15,15 @@ constexpr Word LF = '\n';
 
 // Written as itself: it can be seen, means nothing to the text, and is no mark of the line's end.
 bool IsPlain(Word word) {
-    if (word == '{' || word == '}') return false;
-    if (word >= ' ' && word <= '~') return true;
-    if (word < 0x80 || word > 0xFF || word == LineEndMarker) return false;
+    if (word == '{' || word == '}') {
+        return false;
+    }
+    if (word >= ' ' && word <= '~') {
+        return true;
+    }
+    if (word < 0x80 || word > 0xFF || word == LineEndMarker) {
+        return false;
+    }
     const bool unseen = word == 0xA0 || word == 0xAD;
     return !unseen && IsPrinted(static_cast<unsigned char>(word));
 }
@@ -41,7 +47,9 @@ class LineReader {
 
     std::optional<TextFault> Read() {
         while (next_ < line_.size() && !fault_) {
-            if (ended_) return TextFault{next_ + 1, "A printed line has ended before this."};
+            if (ended_) {
+                return TextFault{next_ + 1, "A printed line has ended before this."};
+            }
             const char16_t c = line_[next_];
             c == u'{' ? ReadCode() : ReadCharacter(c);
         }
@@ -116,7 +124,9 @@ std::vector<std::string> TicketLines(std::span<const Word> body, const CodeComme
         line +=
             IsPlain(body[i]) && !lastBlank ? ToUtf8({&character, 1}) : CodeText(body[i], comment);
     }
-    if (!line.empty()) endLine();
+    if (!line.empty()) {
+        endLine();
+    }
     return lines;
 }
 

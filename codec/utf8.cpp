@@ -18,8 +18,9 @@ bool IsLow(char32_t unit) {
 // The code point that begins at `next`, which moves behind it.
 char32_t TakeUtf16(std::u16string_view text, std::size_t& next) {
     const char32_t unit = text[next++];
-    if (IsHigh(unit) && next < text.size() && IsLow(text[next]))
+    if (IsHigh(unit) && next < text.size() && IsLow(text[next])) {
         return 0x10000 + ((unit - 0xD800) << 10) + (text[next++] - 0xDC00u);
+    }
     return IsHigh(unit) || IsLow(unit) ? Replacement : unit;
 }
 
@@ -28,16 +29,23 @@ char32_t TakeUtf8(std::string_view text, std::size_t& next) {
     constexpr std::array<char32_t, 4> Smallest{0, 0x80, 0x800, 0x10000};
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
     const unsigned first = byte(next++);
-    if (first < 0x80) return first;
+    if (first < 0x80) {
+        return first;
+    }
     const std::size_t more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
-    if (first < 0xC2 || first > 0xF4 || text.size() - next < more) return Replacement;
+    if (first < 0xC2 || first > 0xF4 || text.size() - next < more) {
+        return Replacement;
+    }
     char32_t point = first & (0x3Fu >> more);
     for (std::size_t at = next; at < next + more; ++at) {
-        if ((byte(at) & 0xC0) != 0x80) return Replacement;
+        if ((byte(at) & 0xC0) != 0x80) {
+            return Replacement;
+        }
         point = point << 6 | (byte(at) & 0x3Fu);
     }
-    if (point < Smallest.at(more) || point > 0x10FFFF || IsHigh(point) || IsLow(point))
+    if (point < Smallest.at(more) || point > 0x10FFFF || IsHigh(point) || IsLow(point)) {
         return Replacement;
+    }
     next += more;
     return point;
 }
@@ -67,7 +75,9 @@ void AppendUtf8(std::string& bytes, char32_t point) {
 
 std::string ToUtf8(std::u16string_view text) {
     std::string bytes;
-    for (std::size_t next = 0; next < text.size();) AppendUtf8(bytes, TakeUtf16(text, next));
+    for (std::size_t next = 0; next < text.size();) {
+        AppendUtf8(bytes, TakeUtf16(text, next));
+    }
     return bytes;
 }
 

@@ -22,9 +22,13 @@ constexpr bool IsOwn(char16_t code) {
 }  // namespace
 
 unsigned char ToWindows1252(char16_t character) {
-    if (character <= 0xFF && !IsOwn(character)) return static_cast<unsigned char>(character);
+    if (character <= 0xFF && !IsOwn(character)) {
+        return static_cast<unsigned char>(character);
+    }
     const auto* const found = std::find(OwnCharacters.begin(), OwnCharacters.end(), character);
-    if (found == OwnCharacters.end()) return '?';
+    if (found == OwnCharacters.end()) {
+        return '?';
+    }
     return static_cast<unsigned char>(FirstOwn + (found - OwnCharacters.begin()));
 }
 
@@ -45,9 +49,15 @@ bool IsPrinted(unsigned char code) {
 }
 
 char16_t UpperCase(char16_t character) {
-    if (character >= u'a' && character <= u'z') return character - 0x20;
-    if (character >= 0xE0 && character <= 0xFE && character != 0xF7) return character - 0x20;
-    if (character == 0xFF) return 0x0178;
+    if (character >= u'a' && character <= u'z') {
+        return character - 0x20;
+    }
+    if (character >= 0xE0 && character <= 0xFE && character != 0xF7) {
+        return character - 0x20;
+    }
+    if (character == 0xFF) {
+        return 0x0178;
+    }
     const bool caron = character == 0x0161 || character == 0x0153 || character == 0x017E;
     return caron ? character - 1 : character;
 }

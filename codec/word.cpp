@@ -14,9 +14,15 @@ unsigned ValueOrZero(char digit) {
 }  // namespace
 
 int HexDigit(char digit) {
-    if (digit >= '0' && digit <= '9') return digit - '0';
-    if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
-    if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
+    if (digit >= '0' && digit <= '9') {
+        return digit - '0';
+    }
+    if (digit >= 'A' && digit <= 'F') {
+        return digit - 'A' + 10;
+    }
+    if (digit >= 'a' && digit <= 'f') {
+        return digit - 'a' + 10;
+    }
     return -1;
 }
 
@@ -27,8 +33,9 @@ std::string WordHex(Word word) {
 
 unsigned HexAt(std::string_view text, std::size_t position, int digits) {
     unsigned number = 0;
-    for (int i = 0; i < digits; ++i, ++position)
+    for (int i = 0; i < digits; ++i, ++position) {
         number = number * 16 + (position < text.size() ? ValueOrZero(text[position]) : 0);
+    }
     return number;
 }
 

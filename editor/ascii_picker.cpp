@@ -64,7 +64,9 @@ AsciiPicker::AsciiPicker(Platform& platform)
       list1_(Get<ListBox>("List1")),
       text1_(Get<TextBox>("Text1")),
       command1_(Get<Button>("Command1")) {
-    for (const std::string& row : AsciiTable()) list1_.AddItem(row);
+    for (const std::string& row : AsciiTable()) {
+        list1_.AddItem(row);
+    }
     list1_.OnClick = [this] { List1_Click(); };
     list1_.OnDblClick = [this] { Command1_Click(); };
     text1_.OnKeyPress = [](char32_t key) { return (key >= '0' && key <= '9') || key == Backspace; };
@@ -96,7 +98,9 @@ void AsciiPicker::Text1_Change() {
 }
 
 void AsciiPicker::Command1_Click() {
-    if (command1_.Enabled()) Leave(FromUtf8(text1_.Text()));
+    if (command1_.Enabled()) {
+        Leave(FromUtf8(text1_.Text()));
+    }
 }
 
 }  // namespace varno

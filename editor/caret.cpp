@@ -17,8 +17,12 @@ bool IsLineEndAt(const MarkedEditor& editor, int offset) {
 }
 
 void FollowCaret(MarkedEditor& editor) {
-    if (editor.SelLength() > 0) return;
-    if (IsLineEndAt(editor, 0)) editor.SetSelStart(editor.SelStart() - 1);
+    if (editor.SelLength() > 0) {
+        return;
+    }
+    if (IsLineEndAt(editor, 0)) {
+        editor.SetSelStart(editor.SelStart() - 1);
+    }
     const Colour colour = editor.SelColor();
     SetTypingFormat(editor, IsCodedRole(colour) ? colour : TextColour);
 }

@@ -77,7 +77,9 @@ constexpr WindowDesign PrintCodesDesign{.name = "PrintCodesList",
 // The row whose code or comment is exactly `text`; the first one counts.
 std::optional<std::size_t> Match(const std::vector<std::string>& column, const std::string& text) {
     const auto found = std::find(column.begin(), column.end(), text);
-    if (found == column.end()) return std::nullopt;
+    if (found == column.end()) {
+        return std::nullopt;
+    }
     return static_cast<std::size_t>(found - column.begin());
 }
 
@@ -106,7 +108,9 @@ CodePicker::CodePicker(Platform& platform, const WindowDesign& design,
 void CodePicker::LoadCatalogue(Dialogs& dialogs, const std::string& path) {
     std::vector<CatalogueRow> rows;
     const std::string failure = varno::LoadCatalogue(path, rows);
-    if (!failure.empty()) dialogs.ShowMessage(failure, "", Buttons::Ok, Icon::Critical);
+    if (!failure.empty()) {
+        dialogs.ShowMessage(failure, "", Buttons::Ok, Icon::Critical);
+    }
     for (const CatalogueRow& row : rows) {
         rows_.whole.push_back(row.text);
         rows_.codes.push_back(ToUtf8(row.Code()));
@@ -135,7 +139,9 @@ void CodePicker::ConnectEvents() {
 // Where they do not, each list only shows its entry of the row that is chosen.
 void CodePicker::KeepRowsSideBySide() {
     for (int row = 0; row < codeComboBox_.ListCount(); ++row) {
-        if (codeComboBox_.List(row) != rows_.codes[static_cast<std::size_t>(row)]) return;
+        if (codeComboBox_.List(row) != rows_.codes[static_cast<std::size_t>(row)]) {
+            return;
+        }
     }
     codeComboBox_.OnScroll = [this] {
         unsortedCommentComboBox_.SetTopIndex(codeComboBox_.TopIndex());
@@ -151,7 +157,9 @@ void CodePicker::Form_Activate() {
 
 void CodePicker::CodeComboBox_Change() {
     const std::u16string text = FromUtf8(codeComboBox_.Text());
-    if (text.size() > CodeDigits) codeComboBox_.SetText(ToUtf8(text.substr(0, CodeDigits)));
+    if (text.size() > CodeDigits) {
+        codeComboBox_.SetText(ToUtf8(text.substr(0, CodeDigits)));
+    }
     MatchCode();
 }
 
@@ -182,7 +190,9 @@ void CodePicker::SortAlphabetically_Click() {
 }
 
 void CodePicker::OkButton_Click() {
-    if (okButton_.Enabled()) Leave(rows_.whole[selectedRow_]);
+    if (okButton_.Enabled()) {
+        Leave(rows_.whole[selectedRow_]);
+    }
 }
 
 }  // namespace varno

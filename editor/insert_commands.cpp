@@ -12,7 +12,9 @@ namespace {
 
 int ValueOfDigits(std::u16string_view digits) {
     int value = 0;
-    for (const char16_t digit : digits) value = value * 10 + (digit - u'0');
+    for (const char16_t digit : digits) {
+        value = value * 10 + (digit - u'0');
+    }
     return value;
 }
 
@@ -25,12 +27,18 @@ bool IsBehindLineBreak(const MarkedEditor& editor) {
 }  // namespace
 
 void InsertAsciiChoice(RichTextBox& richText, std::u16string_view digits) {
-    if (digits.empty()) return;
+    if (digits.empty()) {
+        return;
+    }
     const int value = ValueOfDigits(digits);
     richText.AsOneStep([&] {
-        if (value == ' ') return InsertPlain(richText, {&SpaceMarker, 1});
+        if (value == ' ') {
+            return InsertPlain(richText, {&SpaceMarker, 1});
+        }
         const auto character = static_cast<char16_t>(value);
-        if (value > ' ' && value < 127) return InsertPlain(richText, {&character, 1});
+        if (value > ' ' && value < 127) {
+            return InsertPlain(richText, {&character, 1});
+        }
         InsertAsciiMark(richText, digits);
         InsertComment(richText, u" ");
         InsertPlain(richText);
@@ -38,9 +46,13 @@ void InsertAsciiChoice(RichTextBox& richText, std::u16string_view digits) {
 }
 
 void InsertCodeChoice(RichTextBox& richText, std::u16string_view row, MarkProcedure insertMark) {
-    if (row.empty()) return;
+    if (row.empty()) {
+        return;
+    }
     richText.AsOneStep([&] {
-        if (!IsBehindLineBreak(richText)) InsertPlain(richText, LineBreak);
+        if (!IsBehindLineBreak(richText)) {
+            InsertPlain(richText, LineBreak);
+        }
         insertMark(richText, row.substr(0, CodeDigits));
         InsertComment(richText, row.substr(CodeDigits));
         InsertPlain(richText, LineBreak);

@@ -44,7 +44,9 @@ void AnswerAltKey(int keyCode, KeyAnswer& answer) {
 
 void AnswerDigit(int keyCode, KeyAnswer& answer) {
     ++answer.digitRun;
-    if (answer.digitRun > MaxMarkDigits) answer.typing = TypingChange::PlainBlack;
+    if (answer.digitRun > MaxMarkDigits) {
+        answer.typing = TypingChange::PlainBlack;
+    }
     const int digit = IsPadDigit(keyCode) ? keyCode - KeyPad0 + '0' : keyCode;
     Replace(answer, std::u16string(1, static_cast<char16_t>(digit)));
 }
@@ -60,7 +62,9 @@ void AnswerSpace(bool inComment, int shift, KeyAnswer& answer) {
 }
 
 void AnswerEnter(int shift, KeyAnswer& answer) {
-    if (shift == ShiftCtrl) return;
+    if (shift == ShiftCtrl) {
+        return;
+    }
     answer.typing = TypingChange::PlainBlack;
     Replace(answer, LineEndMarker + std::u16string(LineBreak));
 }
@@ -68,15 +72,25 @@ void AnswerEnter(int shift, KeyAnswer& answer) {
 void AnswerPlainKey(const CaretPlace& caret, int keyCode, int shift, KeyAnswer& answer) {
     const bool inComment = caret.typingColour == CommentColour;
     const bool typesDigit = IsDigit(keyCode) && shift != ShiftShift;
-    if (!typesDigit) answer.digitRun = 0;
-    if (typesDigit) return AnswerDigit(keyCode, answer);
-    if (IsDigit(keyCode) || MovesOrInserts(keyCode)) return;
+    if (!typesDigit) {
+        answer.digitRun = 0;
+    }
+    if (typesDigit) {
+        return AnswerDigit(keyCode, answer);
+    }
+    if (IsDigit(keyCode) || MovesOrInserts(keyCode)) {
+        return;
+    }
     switch (keyCode) {
         case KeyDelete:
-            if (caret.beforeMarker) answer.fate = KeyFate::PassAndRepeat;
+            if (caret.beforeMarker) {
+                answer.fate = KeyFate::PassAndRepeat;
+            }
             break;
         case KeyBackspace:
-            if (caret.behindLineEnd) answer.fate = KeyFate::PassAndRepeat;
+            if (caret.behindLineEnd) {
+                answer.fate = KeyFate::PassAndRepeat;
+            }
             break;
         case KeySpace:
             AnswerSpace(inComment, shift, answer);

@@ -26,14 +26,20 @@ void TicketEditor::RichText_Click() {
 }
 
 void TicketEditor::RichText_DblClick() {
-    if (richText_.HasText()) put_();
+    if (richText_.HasText()) {
+        put_();
+    }
 }
 
 KeyFate TicketEditor::RichText_KeyDown(int keyCode, int shift) {
     const KeyAnswer answer = AnswerKey(LookAround(richText_), keyCode, shift, digitRun_);
     digitRun_ = answer.digitRun;
-    if (answer.typing == TypingChange::PlainBlack) InsertPlain(richText_);
-    if (answer.typing == TypingChange::Comment) InsertComment(richText_);
+    if (answer.typing == TypingChange::PlainBlack) {
+        InsertPlain(richText_);
+    }
+    if (answer.typing == TypingChange::Comment) {
+        InsertComment(richText_);
+    }
     InsertText(richText_, answer.insert);
     Run(answer.command);
     return answer.fate;

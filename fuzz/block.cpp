@@ -21,18 +21,22 @@ std::ptrdiff_t Count(const TicketBlock& block, int number) {
 void Remove(TicketBlock& block, int number) {
     const TicketBlock before = block;
     block.RemoveTicketRecord(number);
-    if (Count(before, number) == 0) return Must(block.TicketBuffer == before.TicketBuffer);
+    if (Count(before, number) == 0) {
+        return Must(block.TicketBuffer == before.TicketBuffer);
+    }
     MustBeSealed(block.TicketBuffer);
     // Without an end marker the words of the checksum, which is new, are read as tickets too.
-    if (FindEndMarker(before.TicketBuffer) > 0)
+    if (FindEndMarker(before.TicketBuffer) > 0) {
         Must(Count(block, number) == Count(before, number) - 1);
+    }
 }
 
 void Put(TicketBlock& block, int number, const std::string& record) {
     const bool isImage = IsImage(block.TicketBuffer);
     const TicketBlock before = block;
-    if (block.PutRecord(number, record) == PutResult::TooBig)
+    if (block.PutRecord(number, record) == PutResult::TooBig) {
         return Must(block.TicketBuffer == before.TicketBuffer || !isImage);
+    }
     const auto others = isImage ? std::max<std::ptrdiff_t>(Count(before, number) - 1, 0) : 0;
     Must(block.Tickets().at(0) == number && Count(block, number) == others + 1);
     MustBeSealed(block.TicketBuffer);
@@ -44,7 +48,9 @@ void Bind(TicketBlock& block, std::size_t key, int number) {
     block.SetKeys(keys);
     block.LoadKeys();
     Must(block.KeyTicket == keys);
-    if (FindEndMarker(block.TicketBuffer) > 0) MustBeSealed(block.TicketBuffer);
+    if (FindEndMarker(block.TicketBuffer) > 0) {
+        MustBeSealed(block.TicketBuffer);
+    }
 }
 
 }  // namespace
@@ -55,14 +61,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FuzzedDataProvider in(data, size);
     TicketBlock block;
     block.TicketBuffer = in.ConsumeRandomLengthString();
-    if (in.ConsumeBool()) block.TicketBuffer = SealTicketBuffer(block.TicketBuffer);
+    if (in.ConsumeBool()) {
+        block.TicketBuffer = SealTicketBuffer(block.TicketBuffer);
+    }
     block.LoadKeys();
     while (in.remaining_bytes() > 0) {
         const int number = in.ConsumeIntegralInRange(0, 999);
         const auto command = in.ConsumeIntegralInRange<std::size_t>(0, 6);
-        if (command == 6) Put(block, number, EncodeTicket(AnyTicket(in), number));
-        if (command == 5) Remove(block, number);
-        if (command < 4) Bind(block, command, number);
+        if (command == 6) {
+            Put(block, number, EncodeTicket(AnyTicket(in), number));
+        }
+        if (command == 5) {
+            Remove(block, number);
+        }
+        if (command < 4) {
+            Bind(block, command, number);
+        }
         MemoryEditor shown;
         TicketDecoder().DecodeTicket(WordsOf(block.TicketBuffer), number, {}, shown);
     }

@@ -17,7 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Must(row.text.size() <= size && row.text.substr(3, 1) == u" ");
         Must(row.Code() + u" " + row.Comment() == row.text);
     }
-    for (Word number = 0; number < 1000; number += 111)
+    for (Word number = 0; number < 1000; number += 111) {
         Must(FindCodeComment({path, ""}, static_cast<Word>(ControlCode + number)).size() <= size);
+    }
     return 0;
 }

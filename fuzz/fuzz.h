@@ -13,7 +13,9 @@ namespace varno {
 
 // A fault ends the program, which keeps its input for the developer.
 inline void Must(bool hold) {
-    if (!hold) std::abort();
+    if (!hold) {
+        std::abort();
+    }
 }
 
 // Any text, in the colours of tickets and one other.

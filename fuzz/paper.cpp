@@ -29,10 +29,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Must(ParseValues(in.ConsumeRandomLengthString(), effects).size() <= MostFaults);
     effects.paperWidth = in.ConsumeIntegral<int>();
     std::vector<varno::Word> body;
-    while (in.remaining_bytes() > 0 && body.size() < 1993)
+    while (in.remaining_bytes() > 0 && body.size() < 1993) {
         body.push_back(in.ConsumeIntegral<varno::Word>());
+    }
     const varno::Paper paper = LayOut(body, effects);
-    for (const varno::PaperRow& row : paper.rows) CheckRow(paper, row);
+    for (const varno::PaperRow& row : paper.rows) {
+        CheckRow(paper, row);
+    }
     (void)TerminalText(paper);
     (void)PaperSvg(paper);
     return 0;

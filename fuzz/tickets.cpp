@@ -43,14 +43,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const ScratchFolder folder;
     std::filesystem::current_path(folder.Path());
     std::vector<std::string> words = {"varno-tickets"};
-    for (int count = in.ConsumeIntegralInRange(0, 7); count > 0; --count)
+    for (int count = in.ConsumeIntegralInRange(0, 7); count > 0; --count) {
         words.push_back(AnyWord(in));
+    }
     std::vector<char*> arguments(words.size());
     std::transform(words.begin(), words.end(), arguments.begin(),
                    [](std::string& word) { return word.data(); });
     std::string block = in.ConsumeRandomLengthString();
-    if (in.ConsumeBool())
+    if (in.ConsumeBool()) {
         block = SealTicketBuffer(EncodeTicket(AnyTicket(in), 200) + "8000" + block) + "\r\n";
+    }
     Must(!WriteFile("block.VRB", block));
     const std::string ticket = "{\\rtf1 " + in.ConsumeRemainingBytesAsString();
     Must(!WriteFile("ticket.VRT", ticket));
@@ -59,7 +61,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     input = std::istringstream(ticket);
     output = std::ostringstream();
     std::cin.rdbuf(input.rdbuf());
-    for (std::ostream* shown : {&std::cout, &std::cerr}) shown->rdbuf(output.rdbuf());
+    for (std::ostream* shown : {&std::cout, &std::cerr}) {
+        shown->rdbuf(output.rdbuf());
+    }
     const int code = TicketsMain(static_cast<int>(arguments.size()), arguments.data());
     Must(code >= 0 && code <= 3);
     Must(code == 0 || Block() == block);

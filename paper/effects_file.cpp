@@ -18,7 +18,9 @@ constexpr std::size_t MostBytes = 1 << 18;  // twice what a line for every code 
 std::string ReadFront(const fs::path& path, std::string& bytes) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
-    if (fs::exists(status) && !fs::is_regular_file(status)) return "this is no ordinary file";
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+        return "this is no ordinary file";
+    }
     errno = 0;
     std::ifstream file(path, std::ios::binary);
     bytes.resize(MostBytes + 1);
@@ -30,7 +32,9 @@ std::string ReadFront(const fs::path& path, std::string& bytes) {
 
 // Leaves out what is behind the limit, and the line that it cuts.
 bool CutOff(std::string& bytes) {
-    if (bytes.size() <= MostBytes) return false;
+    if (bytes.size() <= MostBytes) {
+        return false;
+    }
     bytes.resize(bytes.find_last_of('\n') + 1);
     return true;
 }
@@ -40,10 +44,15 @@ void AddFile(const fs::path& path, Effects& effects, std::vector<std::string>& f
         faults.push_back(path.string() + ": " + fault);
     };
     std::string bytes;
-    if (const std::string error = ReadFront(path, bytes); !error.empty()) report(error);
-    if (CutOff(bytes))
+    if (const std::string error = ReadFront(path, bytes); !error.empty()) {
+        report(error);
+    }
+    if (CutOff(bytes)) {
         report("only the first " + std::to_string(MostBytes / 1024) + " KB of the file are used");
-    for (const std::string& fault : ParseEffects(bytes, effects)) report(fault);
+    }
+    for (const std::string& fault : ParseEffects(bytes, effects)) {
+        report(fault);
+    }
 }
 
 }  // namespace
@@ -54,7 +63,9 @@ std::vector<std::string> LoadEffects(const std::string& catalogueFolder,
     AddFile(fs::path(catalogueFolder) / EffectsFileName, effects, faults);
     const fs::path own = fs::path(userFolder) / EffectsFileName;
     std::error_code ignored;
-    if (fs::exists(fs::status(own, ignored))) AddFile(own, effects, faults);
+    if (fs::exists(fs::status(own, ignored))) {
+        AddFile(own, effects, faults);
+    }
     return faults;
 }
 

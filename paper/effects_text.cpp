@@ -39,7 +39,9 @@ std::string_view TakeWord(std::string_view& text) {
 // The words in lower case, one blank between them.
 std::string Phrased(std::string_view text) {
     std::string phrase;
-    while (!text.empty()) phrase += (phrase.empty() ? "" : " ") + std::string(TakeWord(text));
+    while (!text.empty()) {
+        phrase += (phrase.empty() ? "" : " ") + std::string(TakeWord(text));
+    }
     std::transform(phrase.begin(), phrase.end(), phrase.begin(), LowerCase);
     return phrase;
 }
@@ -67,7 +69,9 @@ std::string Range(int low, int high) {
 // The word of a code in either case; one without a letter is a control code.
 std::optional<Word> CodeWord(std::string_view code) {
     std::string name(code);
-    if (name.empty() || (name.front() >= '0' && name.front() <= '9')) name.insert(0, 1, 'C');
+    if (name.empty() || (name.front() >= '0' && name.front() <= '9')) {
+        name.insert(0, 1, 'C');
+    }
     name.front() = static_cast<char>(UpperCase(static_cast<unsigned char>(name.front())));
     return name.front() == 'W' ? std::nullopt : WordNamed(name);
 }
@@ -113,12 +117,20 @@ constexpr Phrase Phrases[] = {
 Fault ParseEffect(std::string_view text, Effect& effect) {
     const std::string phrase = Phrased(text);
     for (const Phrase& row : Phrases) {
-        if (row.high == 0 && phrase != row.words) continue;
-        if (row.high > 0 && phrase.substr(0, phrase.find(' ')) != row.words) continue;
+        if (row.high == 0 && phrase != row.words) {
+            continue;
+        }
+        if (row.high > 0 && phrase.substr(0, phrase.find(' ')) != row.words) {
+            continue;
+        }
         effect = row.effect;
-        if (row.high == 0) return {};
+        if (row.high == 0) {
+            return {};
+        }
         effect.argument = NumberIn(Trimmed(std::string_view(phrase).substr(row.words.size())));
-        if (effect.argument >= row.low && effect.argument <= row.high) return {};
+        if (effect.argument >= row.low && effect.argument <= row.high) {
+            return {};
+        }
         return std::string(row.words) + " takes a number from " + Range(row.low, row.high);
     }
     return Quoted(Trimmed(text)) + " is no effect";
@@ -129,8 +141,9 @@ Fault ParseCode(Word code, std::string_view text, Effects& effects) {
     for (std::size_t begin = 0; begin <= text.size();) {
         const std::size_t end = std::min(text.find(',', begin), text.size());
         if (Fault fault = ParseEffect(text.substr(begin, end - begin), list.emplace_back());
-            !fault.empty())
+            !fault.empty()) {
             return fault;
+        }
         begin = end + 1;
     }
     effects.codes[code] = std::move(list);
@@ -140,7 +153,9 @@ Fault ParseCode(Word code, std::string_view text, Effects& effects) {
 // What the printer can print of a value; the rest becomes "?".
 std::u16string ValueIn(std::string_view bytes) {
     std::u16string text = FromUtf8(bytes);
-    if (text.find(u'\uFFFD') != std::u16string::npos) text = FromWindows1252(bytes);
+    if (text.find(u'\uFFFD') != std::u16string::npos) {
+        text = FromWindows1252(bytes);
+    }
     std::transform(text.begin(), text.end(), text.begin(), [](char16_t character) {
         const unsigned char code = ToWindows1252(character);
         return IsPrinted(code) ? FromWindows1252(code) : u'?';
@@ -150,7 +165,9 @@ std::u16string ValueIn(std::string_view bytes) {
 
 Fault CheckLength(const SampleValue& value) {
     const int most = value.width > 0 ? value.width : MaxValueWidth;
-    if (std::ssize(value.text) <= most) return {};
+    if (std::ssize(value.text) <= most) {
+        return {};
+    }
     return "the value is longer than " + std::to_string(most) + " columns";
 }
 
@@ -158,35 +175,43 @@ Fault ParsePrintCode(Word code, std::string_view text, Effects& effects) {
     SampleValue value;
     if (!text.starts_with('"')) {
         value.width = NumberIn(TakeWord(text));
-        if (value.width < 1 || value.width > MaxValueWidth)
+        if (value.width < 1 || value.width > MaxValueWidth) {
             return "a print code takes a width from " + Range(1, MaxValueWidth) +
                    " and a value in quotes";
+        }
     }
     const std::size_t end = text.find('"', 1);
-    if (!text.starts_with('"') || end == std::string_view::npos)
+    if (!text.starts_with('"') || end == std::string_view::npos) {
         return "the value stands in quotes, such as P012 8 \"12480\"";
+    }
     value.text = ValueIn(text.substr(1, end - 1));
     const std::string side = Phrased(text.substr(end + 1));
-    if (side == "left")
+    if (side == "left") {
         value.side = Side::Left;
-    else if (!side.empty() && side != "right")
+    } else if (!side.empty() && side != "right") {
         return "only left or right stands behind a value";
-    if (Fault fault = CheckLength(value); !fault.empty()) return fault;
+    }
+    if (Fault fault = CheckLength(value); !fault.empty()) {
+        return fault;
+    }
     effects.values[code] = value;
     return {};
 }
 
 Fault ParseWidth(std::string_view text, Effects& effects) {
     const int width = NumberIn(text);
-    if (width < MinPaperWidth || width > MaxPaperWidth)
+    if (width < MinPaperWidth || width > MaxPaperWidth) {
         return "width takes a number of columns from " + Range(MinPaperWidth, MaxPaperWidth);
+    }
     effects.paperWidth = width;
     return {};
 }
 
 Fault ParseAlignment(std::string_view line, Effects& effects) {
     Effect effect;
-    if (Fault fault = ParseEffect(line, effect); !fault.empty()) return fault;
+    if (Fault fault = ParseEffect(line, effect); !fault.empty()) {
+        return fault;
+    }
     effects.side = static_cast<Side>(effect.argument);
     return {};
 }
@@ -195,25 +220,38 @@ Fault ParseAlignment(std::string_view line, Effects& effects) {
 std::string_view WithoutComment(std::string_view line) {
     bool quoted = false;
     for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] == '"') quoted = !quoted;
-        if (line[i] == '#' && !quoted) return line.substr(0, i);
+        if (line[i] == '"') {
+            quoted = !quoted;
+        }
+        if (line[i] == '#' && !quoted) {
+            return line.substr(0, i);
+        }
     }
     return line;
 }
 
 Fault ParseLine(std::string_view line, Effects& effects) {
     line = Trimmed(WithoutComment(line));
-    if (line.empty()) return {};
+    if (line.empty()) {
+        return {};
+    }
     std::string_view rest = line;
     const std::string_view name = TakeWord(rest);
     const std::string key = Phrased(name);
-    if (key == "width") return ParseWidth(rest, effects);
-    if (key == "align") return ParseAlignment(line, effects);
+    if (key == "width") {
+        return ParseWidth(rest, effects);
+    }
+    if (key == "align") {
+        return ParseAlignment(line, effects);
+    }
     const std::optional<Word> code = CodeWord(name);
-    if (!code)
+    if (!code) {
         return Quoted(name) + " is no code: write 017 (a control code), A027 or P012, at most " +
                std::to_string(MaxWordValue);
-    if (ClassOf(*code) == PrintCodeClass) return ParsePrintCode(*code, rest, effects);
+    }
+    if (ClassOf(*code) == PrintCodeClass) {
+        return ParsePrintCode(*code, rest, effects);
+    }
     return ParseCode(*code, rest, effects);
 }
 
@@ -224,18 +262,23 @@ Fault ParseAssignment(std::string_view line, Effects& effects) {
 
 std::vector<std::string> ParseLines(std::string_view text, Effects& effects,
                                     Fault (*parse)(std::string_view, Effects&)) {
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);  // a byte-order mark
+    if (text.starts_with("\xEF\xBB\xBF")) {
+        text.remove_prefix(3);  // a byte-order mark
+    }
     std::vector<std::string> faults;
     std::size_t wrong = 0;
     for (int number = 1; !text.empty(); ++number) {
         const std::string_view line = text.substr(0, text.find('\n'));
         text.remove_prefix(std::min(line.size() + 1, text.size()));
         const Fault fault = parse(line, effects);
-        if (fault.empty() || ++wrong > MostFaults) continue;
+        if (fault.empty() || ++wrong > MostFaults) {
+            continue;
+        }
         faults.push_back("line " + std::to_string(number) + ": " + fault);
     }
-    if (wrong > MostFaults)
+    if (wrong > MostFaults) {
         faults.push_back(std::to_string(wrong - MostFaults) + " more lines are wrong");
+    }
     return faults;
 }
 
@@ -252,12 +295,15 @@ std::vector<std::string> ParseValues(std::string_view text, Effects& effects) {
 std::string SetValue(std::string_view assignment, Effects& effects) {
     const std::size_t sign = assignment.find('=');
     const std::optional<Word> code = CodeWord(Trimmed(assignment.substr(0, sign)));
-    if (sign == std::string_view::npos || !code || ClassOf(*code) != PrintCodeClass)
+    if (sign == std::string_view::npos || !code || ClassOf(*code) != PrintCodeClass) {
         return Quoted(assignment) + " gives no print code a value: write P012=9999";
+    }
     const auto known = effects.values.find(*code);
     SampleValue value = known == effects.values.end() ? SampleValue() : known->second;
     value.text = ValueIn(Trimmed(assignment.substr(sign + 1)));
-    if (Fault fault = CheckLength(value); !fault.empty()) return fault;
+    if (Fault fault = CheckLength(value); !fault.empty()) {
+        return fault;
+    }
     effects.values[*code] = std::move(value);
     return {};
 }

@@ -12,7 +12,9 @@ namespace {
 
 // The character that a word prints by itself; 0 if it is none.
 char16_t CharacterOf(Word word) {
-    if (word > 0xFF || !IsPrinted(static_cast<unsigned char>(word))) return 0;
+    if (word > 0xFF || !IsPrinted(static_cast<unsigned char>(word))) {
+        return 0;
+    }
     return FromWindows1252(static_cast<unsigned char>(word));
 }
 
@@ -34,12 +36,15 @@ class Printer {
             word_ = body[index_];
             const bool isPair =
                 index_ + 1 < body.size() && word_ == '\r' && body[index_ + 1] == '\n';
-            if (isPair)
+            if (isPair) {
                 EndLineAtPair();
-            else
+            } else {
                 PrintWord();
+            }
         }
-        if (!row_.cells.empty()) EndLine(index_);
+        if (!row_.cells.empty()) {
+            EndLine(index_);
+        }
         paper_.words = body.size();
         paper_.stylesLeft = styles_;
         return std::move(paper_);
@@ -58,14 +63,18 @@ class Printer {
 
     void PrintWord() {
         if (const auto code = effects_.codes.find(word_); code != effects_.codes.end()) {
-            for (const Effect& effect : code->second) CarryOut(effect);
+            for (const Effect& effect : code->second) {
+                CarryOut(effect);
+            }
             return;
         }
-        if (const auto value = effects_.values.find(word_); value != effects_.values.end())
+        if (const auto value = effects_.values.find(word_); value != effects_.values.end()) {
             return PutText(value->second.Filled(), styles_, PaperCell::Origin::Sample);
-        if (const char16_t character = CharacterOf(word_); character != 0)
+        }
+        if (const char16_t character = CharacterOf(word_); character != 0) {
             return Put(character, styles_,
                        word_ <= '~' ? PaperCell::Origin::Text : PaperCell::Origin::AsciiCode);
+        }
         PutBox();
     }
 
@@ -105,11 +114,15 @@ class Printer {
     // Does nothing to a line that is there already, and stays on the paper.
     void TabTo(int column) {
         const int columns = std::min(column - 1, Room());
-        while (row_.columns < columns) Put(u' ', 0, PaperCell::Origin::Tab);
+        while (row_.columns < columns) {
+            Put(u' ', 0, PaperCell::Origin::Tab);
+        }
     }
 
     void PutText(const std::u16string& text, unsigned styles, PaperCell::Origin origin) {
-        for (const char16_t character : text) Put(character, styles, origin);
+        for (const char16_t character : text) {
+            Put(character, styles, origin);
+        }
     }
 
     // In one piece.
@@ -121,7 +134,9 @@ class Printer {
 
     // Breaks the line if it has not so many columns left.
     void MakeRoom(int columns) {
-        if (row_.columns + columns <= Room()) return;
+        if (row_.columns + columns <= Room()) {
+            return;
+        }
         row_.breaks = true;
         EndLine(index_);
     }
@@ -129,7 +144,9 @@ class Printer {
     void Put(char16_t character, unsigned styles, PaperCell::Origin origin) {
         const PaperCell cell = {character, word_, index_, styles, origin};
         MakeRoom(cell.Columns());
-        if (!rowPlace_ && origin != PaperCell::Origin::Box) rowPlace_ = place_;
+        if (!rowPlace_ && origin != PaperCell::Origin::Box) {
+            rowPlace_ = place_;
+        }
         row_.cells.push_back(cell);
         row_.columns += cell.Columns();
     }
@@ -140,8 +157,12 @@ class Printer {
         const int margin = std::min(paper_.width - Room(), most);
         const Side side = rowPlace_.value_or(place_).side;
         row_.indent = margin;
-        if (side == Side::Centre) row_.indent += (most - margin) / 2;
-        if (side == Side::Right) row_.indent = most;
+        if (side == Side::Centre) {
+            row_.indent += (most - margin) / 2;
+        }
+        if (side == Side::Right) {
+            row_.indent = most;
+        }
         EndRow(next);
     }
 
@@ -158,14 +179,18 @@ class Printer {
             EndLine(index_ + 1);
             --lines;
         }
-        if (lines == 0) return;
+        if (lines == 0) {
+            return;
+        }
         row_.kind = PaperRow::Kind::Feed;
         row_.feed = lines;
         EndRow(index_ + 1);
     }
 
     void Cut() {
-        if (!row_.cells.empty()) EndLine(index_);
+        if (!row_.cells.empty()) {
+            EndLine(index_);
+        }
         row_.kind = PaperRow::Kind::Cut;
         EndRow(index_ + 1);
     }

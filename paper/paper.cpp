@@ -16,22 +16,32 @@ PaperPlace PlaceOf(const Paper& paper, std::size_t index) {
     for (; row != paper.rows.end(); ++row) {
         PaperPlace place = {static_cast<std::size_t>(row - paper.rows.begin()), row->indent};
         for (const PaperCell& cell : row->cells) {
-            if (cell.index >= index) return place;
+            if (cell.index >= index) {
+                return place;
+            }
             place.column += cell.Columns();
         }
-        if (!row->breaks) return place;
+        if (!row->breaks) {
+            return place;
+        }
     }
     return {paper.rows.size(), 0};
 }
 
 std::size_t WordAt(const Paper& paper, PaperPlace place) {
-    if (place.row >= paper.rows.size()) return paper.words;
+    if (place.row >= paper.rows.size()) {
+        return paper.words;
+    }
     const PaperRow& row = paper.rows[place.row];
-    if (place.column < row.indent) return row.begin;
+    if (place.column < row.indent) {
+        return row.begin;
+    }
     int column = row.indent;
     for (const PaperCell& cell : row.cells) {
         column += cell.Columns();
-        if (place.column < column) return cell.index;
+        if (place.column < column) {
+            return cell.index;
+        }
     }
     return row.end;
 }

@@ -25,18 +25,21 @@ std::string Number(int number) {
 std::string Escaped(std::u16string_view text) {
     std::string escaped;
     for (const char c : ToUtf8(text)) {
-        if (c == '&')
+        if (c == '&') {
             escaped += "&amp;";
-        else if (c == '<')
+        } else if (c == '<') {
             escaped += "&lt;";
-        else
+        } else {
             escaped += c;
+        }
     }
     return escaped;
 }
 
 int LinesOf(const PaperRow& row) {
-    if (row.kind == PaperRow::Kind::Feed) return row.feed;
+    if (row.kind == PaperRow::Kind::Feed) {
+        return row.feed;
+    }
     return row.IsTall() ? 2 : 1;
 }
 
@@ -75,13 +78,18 @@ bool Is(const PaperCell& cell, PaperCell::Origin origin) {
 }
 
 bool LookAlike(const PaperCell& a, const PaperCell& b) {
-    for (const auto origin : {PaperCell::Origin::Sample, PaperCell::Origin::Box})
-        if (Is(a, origin) != Is(b, origin)) return false;
+    for (const auto origin : {PaperCell::Origin::Sample, PaperCell::Origin::Box}) {
+        if (Is(a, origin) != Is(b, origin)) {
+            return false;
+        }
+    }
     return a.styles == b.styles && (!Is(a, PaperCell::Origin::Box) || a.index == b.index);
 }
 
 std::string ColourOf(const Run& run) {
-    if (run.Has(PaperStyle::Inverse)) return "white";
+    if (run.Has(PaperStyle::Inverse)) {
+        return "white";
+    }
     return Is(run.First(), PaperCell::Origin::Sample) ? "#2255aa" : "black";
 }
 
@@ -93,9 +101,11 @@ std::string Characters(const Run& run) {
         places += Number(static_cast<int>(text.size()) * ColumnWidth) + " ";
         text += cell.character;
     }
-    if (Is(run.First(), PaperCell::Origin::Box))  // its frame stands for the brackets
+    if (Is(run.First(), PaperCell::Origin::Box)) {
+        // its frame stands for the brackets
         std::replace_if(
             text.begin(), text.end(), [](char16_t c) { return c == u'[' || c == u']'; }, u' ');
+    }
     const int lines = run.Has(PaperStyle::DoubleHeight) ? 2 : 1;
     const std::string transform =
         "translate(" + Number(run.x) + "," + Number(run.bottom - lines * (LineHeight - Baseline)) +
@@ -109,15 +119,18 @@ std::string Characters(const Run& run) {
 std::string Picture(const Run& run) {
     const int top = run.bottom - run.Height();
     std::string picture;
-    if (run.Has(PaperStyle::Inverse))
+    if (run.Has(PaperStyle::Inverse)) {
         picture += Element("rect", Rectangle(run.x, top, run.Width(), run.Height()));
-    if (Is(run.First(), PaperCell::Origin::Box))
+    }
+    if (Is(run.First(), PaperCell::Origin::Box)) {
         picture += Element("rect", Rectangle(run.x + 3, top + 2, run.Width() - 6, LineHeight - 4) +
                                        Attribute("fill", "none") + Attribute("stroke", "#aa0000"));
+    }
     picture += Characters(run);
-    if (run.Has(PaperStyle::Underline))
+    if (run.Has(PaperStyle::Underline)) {
         picture += Element(
             "line", Line(run.x, run.bottom - 2, run.Width()) + Attribute("stroke", ColourOf(run)));
+    }
     return picture;
 }
 
@@ -125,7 +138,9 @@ std::string Picture(const PaperRow& row, int bottom) {
     std::string picture;
     int x = Edge + row.indent * ColumnWidth;
     for (std::size_t begin = 0, end = 0; begin < row.cells.size(); begin = end) {
-        while (end < row.cells.size() && LookAlike(row.cells[begin], row.cells[end])) ++end;
+        while (end < row.cells.size() && LookAlike(row.cells[begin], row.cells[end])) {
+            ++end;
+        }
         const Run run = {std::span(row.cells).subspan(begin, end - begin), x, bottom};
         picture += Picture(run);
         x += run.Width();
@@ -147,13 +162,15 @@ std::string PaperSvg(const Paper& paper) {
     for (const PaperRow& row : paper.rows) {
         y += LinesOf(row) * LineHeight;
         rows += Picture(row, y);
-        if (row.kind == PaperRow::Kind::Cut)
+        if (row.kind == PaperRow::Kind::Cut) {
             rows += Element("line", Line(0, y - LineHeight / 2, width + 2 * Edge) +
                                         Attribute("stroke", "black") +
                                         Attribute("stroke-dasharray", "8 6"));
-        if (row.breaks)
+        }
+        if (row.breaks) {
             rows += Note(Edge + width + 2, y - LineHeight + Baseline, "\u21B5",
                          Attribute("fill", "#aa0000"));
+        }
     }
     y += Edge;
     for (const std::string_view line : Legend) {

@@ -31,10 +31,18 @@ unsigned AttributesOf(const PaperCell& cell) {
 // Switches a terminal to these attributes, from whatever it had.
 std::u16string Sequence(unsigned attributes) {
     std::u16string sequence = u"\x1B[0";
-    if ((attributes & PaperStyle::Bold) != 0) sequence += u";1";
-    if ((attributes & Dim) != 0) sequence += u";2";
-    if ((attributes & PaperStyle::Underline) != 0) sequence += u";4";
-    if ((attributes & PaperStyle::Inverse) != 0) sequence += u";7";
+    if ((attributes & PaperStyle::Bold) != 0) {
+        sequence += u";1";
+    }
+    if ((attributes & Dim) != 0) {
+        sequence += u";2";
+    }
+    if ((attributes & PaperStyle::Underline) != 0) {
+        sequence += u";4";
+    }
+    if ((attributes & PaperStyle::Inverse) != 0) {
+        sequence += u";7";
+    }
     return sequence + u"m";
 }
 
@@ -43,12 +51,13 @@ class Writer {
     explicit Writer(bool attributes) : attributes_(attributes) {}
 
     void WriteRow(const Paper& paper, const PaperRow& row) {
-        if (row.kind == PaperRow::Kind::Feed)
+        if (row.kind == PaperRow::Kind::Feed) {
             text_.append(static_cast<std::size_t>(row.feed) - 1, u'\n');
-        else if (row.kind == PaperRow::Kind::Cut)
+        } else if (row.kind == PaperRow::Kind::Cut) {
             WriteCut(paper.width);
-        else
+        } else {
             WriteLine(paper, row);
+        }
     }
 
     void EndRow() { text_ += u'\n'; }
@@ -57,11 +66,15 @@ class Writer {
   private:
     void WriteCut(int width) {
         text_ += Scissors;
-        for (int column = 2; column < width; column += 2) text_ += u" -";
+        for (int column = 2; column < width; column += 2) {
+            text_ += u" -";
+        }
     }
 
     void WriteLine(const Paper& paper, const PaperRow& row) {
-        if (row.cells.empty()) return;
+        if (row.cells.empty()) {
+            return;
+        }
         Blanks(row.indent);
         unsigned attributes = 0;
         int column = row.indent;
@@ -75,7 +88,9 @@ class Writer {
             column += columns;
         }
         Switch(attributes, 0);
-        if (!row.breaks) return;
+        if (!row.breaks) {
+            return;
+        }
         Blanks(paper.width - column);
         text_ += BreakMark;
     }
@@ -83,7 +98,9 @@ class Writer {
     void Blanks(int count) { text_.append(static_cast<std::size_t>(std::max(count, 0)), u' '); }
 
     void Switch(unsigned& from, unsigned to) {
-        if (!attributes_ || from == to) return;
+        if (!attributes_ || from == to) {
+            return;
+        }
         from = to;
         text_ += Sequence(to);
     }

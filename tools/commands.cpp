@@ -39,9 +39,14 @@ int KeyIndex(const std::string& text) {
                    ? sameLetter(text[0], name[0])
                    : std::equal(text.begin(), text.end(), name.begin(), name.end(), sameLetter);
     };
-    for (int key = 0; key < KeyCount; ++key)
-        if (means(KeyNames[static_cast<std::size_t>(key)])) return key;
-    if (text == "none") return NoKey;
+    for (int key = 0; key < KeyCount; ++key) {
+        if (means(KeyNames[static_cast<std::size_t>(key)])) {
+            return key;
+        }
+    }
+    if (text == "none") {
+        return NoKey;
+    }
     throw Refusal(Ending::WrongUsage, "\"" + text + "\" is no key: Print, Start, In, Out or none");
 }
 
@@ -62,29 +67,36 @@ std::string RecordIn(const std::string& givenPath, int number) {
         return RecordHex(ticket);
     }
     MarkedText ticket;
-    if (const Error error = LoadMarkedText(bytes, ticket))
+    if (const Error error = LoadMarkedText(bytes, ticket)) {
         throw Refusal(Ending::FaultFound, path + ": " + *error);
+    }
     return EncodeTicket(ticket, number);
 }
 
 // A damaged block is read as far as it goes, and then the operator is told.
 void TellDamage(const Request& request, const OpenedBlock& file) {
-    if (!request.force) file.RequireSound();
+    if (!request.force) {
+        file.RequireSound();
+    }
 }
 
 // A change would seal a damaged block as if it were sound.
 void RequireChangeable(const Request& request, const OpenedBlock& file) {
     file.RequireWhole();
-    if (!request.force) file.RequireSound();
+    if (!request.force) {
+        file.RequireSound();
+    }
 }
 
 void List(const Request& request) {
     const OpenedBlock file(request.operands[0]);
     for (const int number : file.Numbers()) {
         std::string row = std::to_string(number) + " ";
-        for (int key = 0; key < KeyCount; ++key)
-            if (file.Block.KeyTicket[static_cast<std::size_t>(key)] == number)
+        for (int key = 0; key < KeyCount; ++key) {
+            if (file.Block.KeyTicket[static_cast<std::size_t>(key)] == number) {
                 row += std::string(" ") + KeyLetter(key);
+            }
+        }
         std::cout << row.substr(0, row.find_last_not_of(' ') + 1) << '\n';
     }
     TellDamage(request, file);
@@ -114,8 +126,12 @@ void Check(const Request& request) {
     const std::string& path = request.operands[0];
     const std::string bytes = Contents(path, MostBlockFileBytes);
     const std::vector<std::string> faults = FaultsInBlockFile(bytes);
-    for (const std::string& fault : faults) std::cout << path << ": " << fault << '\n';
-    if (!faults.empty()) throw Refusal(Ending::FaultFound, path + ": the block is damaged");
+    for (const std::string& fault : faults) {
+        std::cout << path << ": " << fault << '\n';
+    }
+    if (!faults.empty()) {
+        throw Refusal(Ending::FaultFound, path + ": the block is damaged");
+    }
     TicketBlock block{.TicketBuffer = ImageIn(bytes)};
     block.LocateEndMarker();
     std::cout << path << ": sound; tickets: " << block.Tickets().size()
@@ -132,21 +148,25 @@ void Extract(const Request& request) {
 
 void Put(const Request& request) {
     const int number = TicketNumber(request.operands[1]);
-    if (!IsTicketNumber(number))
+    if (!IsTicketNumber(number)) {
         throw Refusal(Ending::WrongUsage, "a ticket number lies between " + TicketNumbers(" and "));
-    if (IsStandardInput(request.operands[0]) && IsStandardInput(request.operands[2]))
+    }
+    if (IsStandardInput(request.operands[0]) && IsStandardInput(request.operands[2])) {
         throw Refusal(Ending::WrongUsage, "block and ticket cannot both come from standard input");
+    }
     const std::string record = RecordIn(request.operands[2], number);
     OpenedBlock file(request.operands[0], Purpose::Make);
     RequireChangeable(request, file);
-    if (file.Holds(number) && !request.force)
+    if (file.Holds(number) && !request.force) {
         throw Refusal(Ending::CouldNot,
                       "ticket " + request.operands[1] + " exists already; --force replaces it");
-    if (file.Block.PutRecord(number, record) == PutResult::TooBig)
+    }
+    if (file.Block.PutRecord(number, record) == PutResult::TooBig) {
         throw Refusal(Ending::CouldNot,
                       "the ticket is too big: it has " +
                           std::to_string(record.size() / WordDigits) + " words, " +
                           std::to_string(file.Block.BufferFree / WordDigits) + " are free");
+    }
     file.Save();
 }
 
@@ -193,15 +213,18 @@ std::span<const Subcommand> Commands() {
 }
 
 int TicketNumber(const std::string& text) {
-    if (!IsNumber(text)) throw Refusal(Ending::WrongUsage, "\"" + text + "\" is no ticket number");
+    if (!IsNumber(text)) {
+        throw Refusal(Ending::WrongUsage, "\"" + text + "\" is no ticket number");
+    }
     return std::stoi(text);
 }
 
 void DeliverNew(const Request& request, const std::string& path, std::string_view bytes) {
     std::error_code unreachable;  // writing says why
     if (!request.force && !IsStandardOutput(path) &&
-        std::filesystem::is_regular_file(path, unreachable))
+        std::filesystem::is_regular_file(path, unreachable)) {
         throw Refusal(Ending::CouldNot, path + " exists already; --force replaces it");
+    }
     Deliver(path, bytes);
 }
 

@@ -13,7 +13,9 @@ namespace {
 constexpr std::size_t ChunkBytes = 1 << 16;
 
 void Require(const Error& error) {
-    if (error) throw Refusal(Ending::CouldNot, *error);
+    if (error) {
+        throw Refusal(Ending::CouldNot, *error);
+    }
 }
 
 std::string StandardInput(std::size_t most) {
@@ -23,8 +25,9 @@ std::string StandardInput(std::size_t most) {
         std::cin.read(chunk.data(), std::ssize(chunk));
         bytes.append(chunk, 0, static_cast<std::size_t>(std::cin.gcount()));
     }
-    if (std::ferror(stdin) != 0)
+    if (std::ferror(stdin) != 0) {
         throw Refusal(Ending::CouldNot, "the standard input cannot be read");
+    }
     bytes.resize(std::min(bytes.size(), most));
     return bytes;
 }
@@ -45,27 +48,34 @@ bool IsStandardOutput(const std::string& path) {
 }
 
 std::string Contents(const std::string& path, std::size_t most) {
-    if (IsStandardInput(path)) return StandardInput(most);
+    if (IsStandardInput(path)) {
+        return StandardInput(most);
+    }
     std::string bytes;
     Require(ReadFile(path, bytes, most));
     return bytes;
 }
 
 void Deliver(const std::string& path, std::string_view bytes) {
-    if (IsStandardOutput(path))
+    if (IsStandardOutput(path)) {
         std::cout << bytes;
-    else
+    } else {
         Require(WriteFile(path, bytes));
+    }
 }
 
 OpenedBlock::OpenedBlock(const std::string& path, Purpose purpose) : path_(PathMeantBy(path)) {
-    if (purpose != Purpose::Read && !IsStandardInput(path_)) Require(lock_.Take(path_));
-    if (purpose == Purpose::Make && !IsStandardInput(path_) && !FileExists(path_))
+    if (purpose != Purpose::Read && !IsStandardInput(path_)) {
+        Require(lock_.Take(path_));
+    }
+    if (purpose == Purpose::Make && !IsStandardInput(path_) && !FileExists(path_)) {
         Block.TicketBuffer = NewTicketBuffer();
-    else
+    } else {
         Block.TicketBuffer = ImageIn(Contents(path_, MostBlockFileBytes));
-    if (Block.TicketBuffer.empty() || Block.TicketBuffer.front() != ':')
+    }
+    if (Block.TicketBuffer.empty() || Block.TicketBuffer.front() != ':') {
         throw Refusal(Ending::FaultFound, path_ + ": this is no ticket block");
+    }
     Block.LoadKeys();
     numbers_ = Block.Tickets();
     keyTicketBefore_ = Block.KeyTicket;
@@ -77,27 +87,32 @@ bool OpenedBlock::Holds(int number) const {
 }
 
 void OpenedBlock::RequireTicket(int number) const {
-    if (!Holds(number))
+    if (!Holds(number)) {
         throw Refusal(Ending::CouldNot, path_ + ": there is no ticket " + std::to_string(number));
+    }
 }
 
 void OpenedBlock::RequireWhole() const {
-    if (!IsImage(Block.TicketBuffer) || FindEndMarker(Block.TicketBuffer) == 0)
+    if (!IsImage(Block.TicketBuffer) || FindEndMarker(Block.TicketBuffer) == 0) {
         throw Refusal(Ending::FaultFound, path_ + ": this is no whole ticket block");
+    }
 }
 
 void OpenedBlock::RequireSound() const {
-    if (!FaultsInImage(Block.TicketBuffer).empty())
+    if (!FaultsInImage(Block.TicketBuffer).empty()) {
         throw Refusal(Ending::FaultFound,
                       path_ + ": the block is damaged (varno-tickets check tells how)");
+    }
 }
 
 void OpenedBlock::Save() const {
     Deliver(IsStandardInput(path_) ? "-" : path_, BlockFileBytes(Block.TicketBuffer));
-    for (std::size_t key = 0; key < KeyCount; ++key)
-        if (keyTicketBefore_[key] != 0 && keyTicketBefore_[key] != Block.KeyTicket[key])
+    for (std::size_t key = 0; key < KeyCount; ++key) {
+        if (keyTicketBefore_[key] != 0 && keyTicketBefore_[key] != Block.KeyTicket[key]) {
             std::cerr << path_ << ": " << KeyNames[key] << " no longer prints ticket "
                       << keyTicketBefore_[key] << '\n';
+        }
+    }
 }
 
 }  // namespace varno

@@ -41,7 +41,9 @@ CodeComment CommentsIfAskedFor(const Request& request) {
 
 template <class Content>
 Content Required(const std::string& path, std::variant<Content, BlockTextFault> read) {
-    if (const auto* fault = std::get_if<BlockTextFault>(&read)) RefuseText(path, *fault);
+    if (const auto* fault = std::get_if<BlockTextFault>(&read)) {
+        RefuseText(path, *fault);
+    }
     return std::get<Content>(std::move(read));
 }
 
@@ -49,11 +51,14 @@ Content Required(const std::string& path, std::variant<Content, BlockTextFault> 
 ReadBlock BlockIn(const std::string& givenPath) {
     const std::string path = IsStandardInput(givenPath) ? givenPath : FileMeantBy(givenPath);
     const std::string bytes = Contents(path, MostBlockFileBytes);
-    if (!bytes.starts_with(':')) return {Required(path, ReadBlockText(bytes)), true};
+    if (!bytes.starts_with(':')) {
+        return {Required(path, ReadBlockText(bytes)), true};
+    }
     const std::string image = ImageIn(bytes);
-    if (!FaultsInImage(image).empty())
+    if (!FaultsInImage(image).empty()) {
         throw Refusal(Ending::FaultFound,
                       path + ": the block is damaged (varno-tickets check tells how)");
+    }
     return {ContentOf(image), false};
 }
 
@@ -67,9 +72,10 @@ void Text(const Request& request) {
     }
     const int number = TicketNumber(request.operands[1]);
     const TicketRecord* const ticket = content.Find(number);
-    if (ticket == nullptr)
+    if (ticket == nullptr) {
         throw Refusal(Ending::CouldNot,
                       request.operands[0] + ": there is no ticket " + request.operands[1]);
+    }
     std::cout << TicketText(*ticket, CommentsIfAskedFor(request));
 }
 
@@ -86,27 +92,36 @@ void Textconv(const Request& request) {
         std::cout << BlockText(ContentOf(ImageIn(bytes)), Comments(request));
         return;
     }
-    for (const std::string& fault : faults) std::cout << "# " << fault << '\n';
-    for (std::size_t i = 0; i < bytes.size(); i += FoldedDigits)
+    for (const std::string& fault : faults) {
+        std::cout << "# " << fault << '\n';
+    }
+    for (std::size_t i = 0; i < bytes.size(); i += FoldedDigits) {
         std::cout << bytes.substr(i, FoldedDigits) << '\n';
+    }
 }
 
 void Diff(const Request& request) {
     const auto& names = request.operands;
     const auto differences = Differences(BlockIn(names[0]).content, BlockIn(names[1]).content,
                                          {names[0], names[1]}, Comments(request));
-    for (const std::string& line : differences) std::cout << line << '\n';
-    if (!differences.empty()) throw Refusal(Ending::FaultFound, "");
+    for (const std::string& line : differences) {
+        std::cout << line << '\n';
+    }
+    if (!differences.empty()) {
+        throw Refusal(Ending::FaultFound, "");
+    }
 }
 
 void MergeBlocks(const Request& request) {
     const ReadBlock ours = BlockIn(request.operands[1]);
     const MergedBlock merged = Merge(BlockIn(request.operands[0]).content, ours.content,
                                      BlockIn(request.operands[2]).content);
-    for (const std::string& conflict : merged.conflicts)
+    for (const std::string& conflict : merged.conflicts) {
         std::cerr << request.operands[1] << ": " << conflict << '\n';
-    if (!merged.conflicts.empty())
+    }
+    if (!merged.conflicts.empty()) {
         throw Refusal(Ending::FaultFound, "the blocks cannot be merged; nothing was changed");
+    }
     Deliver(request.operands[1],
             ours.isText ? BlockText(merged.content) : BlockFileBytes(ImageOf(merged.content)));
 }

@@ -15,7 +15,9 @@ namespace {
 std::string ProgramFolder(const char* calledAs) {
     std::error_code error;
     std::filesystem::path program = std::filesystem::canonical("/proc/self/exe", error);
-    if (error) program = std::filesystem::absolute(calledAs, error);
+    if (error) {
+        program = std::filesystem::absolute(calledAs, error);
+    }
     return program.parent_path().string();
 }
 
@@ -59,19 +61,23 @@ const Subcommand& CommandNamed(const std::string& name) {
     const auto all = Commands();
     const auto found = std::find_if(
         all.begin(), all.end(), [&](const Subcommand& command) { return command.name == name; });
-    if (found == all.end())
+    if (found == all.end()) {
         throw Refusal(Ending::WrongUsage, "there is no command \"" + name + "\"");
+    }
     return *found;
 }
 
 void RunCommand(Request request) {
     auto& operands = request.operands;
-    if (operands.empty()) throw Refusal(Ending::WrongUsage, "which command?");
+    if (operands.empty()) {
+        throw Refusal(Ending::WrongUsage, "which command?");
+    }
     const Subcommand& command = CommandNamed(operands.front());
     operands.erase(operands.begin());
-    if (!Takes(command, operands.size()))
+    if (!Takes(command, operands.size())) {
         throw Refusal(Ending::WrongUsage,
                       std::string(command.name) + " takes " + std::string(command.operands));
+    }
     command.run(request);
 }
 
@@ -108,29 +114,34 @@ void Run(const char* program, std::span<char*> arguments) {
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string argument = arguments[i];
         const char* const next = i + 1 < arguments.size() ? arguments[i + 1] : nullptr;
-        if (optionsEnd || argument == "-" || argument.substr(0, 1) != "-")
+        if (optionsEnd || argument == "-" || argument.substr(0, 1) != "-") {
             request.operands.push_back(argument);
-        else if (argument == "--")
+        } else if (argument == "--") {
             optionsEnd = true;
-        else if (argument == "--help" || argument == "-h")
+        } else if (argument == "--help" || argument == "-h") {
             return PrintHelp();
-        else if (argument == "--version")
+        } else if (argument == "--version") {
             return PrintVersion();
-        else if (argument == "--force" || argument == "-f")
+        } else if (argument == "--force" || argument == "-f") {
             request.force = true;
-        else if (argument == "--comments")
+        } else if (argument == "--comments") {
             request.comments = true;
-        else if (const std::size_t parts = TakeValue(argument, next, request); parts > 0)
+        } else if (const std::size_t parts = TakeValue(argument, next, request); parts > 0) {
             i += parts - 1;
-        else
+        } else {
             throw Refusal(Ending::WrongUsage, "there is no option \"" + argument + "\" like this");
+        }
     }
     RunCommand(std::move(request));
 }
 
 int Report(const std::exception& error, Ending ending) {
-    if (*error.what() != '\0') std::cerr << "varno-tickets: " << error.what() << '\n';
-    if (ending == Ending::WrongUsage) std::cerr << "varno-tickets --help tells more.\n";
+    if (*error.what() != '\0') {
+        std::cerr << "varno-tickets: " << error.what() << '\n';
+    }
+    if (ending == Ending::WrongUsage) {
+        std::cerr << "varno-tickets --help tells more.\n";
+    }
     return static_cast<int>(ending);
 }
 
@@ -142,7 +153,9 @@ int main(int argc, char** argv) {
     SurviveFailedWrites();
     try {
         Run(argv[0], std::span(argv + 1, static_cast<std::size_t>(std::max(argc - 1, 0))));
-        if (!std::cout.flush()) throw Refusal(Ending::CouldNot, "the output cannot be written");
+        if (!std::cout.flush()) {
+            throw Refusal(Ending::CouldNot, "the output cannot be written");
+        }
         return static_cast<int>(Ending::Done);
     } catch (const Refusal& refusal) {
         return Report(refusal, refusal.ending);

@@ -16,7 +16,9 @@ std::string FileOf(const std::string& memory) {
 
 std::string Joined(const std::vector<std::string>& faults) {
     std::string text;
-    for (const std::string& fault : faults) text += fault + '\n';
+    for (const std::string& fault : faults) {
+        text += fault + '\n';
+    }
     return text;
 }
 
@@ -24,7 +26,9 @@ TEST(Check, AcceptsSoundBlocks) {
     EXPECT_EQ(Joined(FaultsInBlockFile(NewTicketBuffer() + "\r\n")), "");
     EXPECT_EQ(Joined(FaultsInBlockFile(FileOf("08D4004100421000800000D4000000D40000"))), "");
     std::string lowerCase = FileOf("0BE71000800000000000000003E7");
-    for (char& c : lowerCase) c = static_cast<char>(std::tolower(c));
+    for (char& c : lowerCase) {
+        c = static_cast<char>(std::tolower(c));
+    }
     EXPECT_EQ(Joined(FaultsInBlockFile(lowerCase)), "");
 }
 
@@ -43,8 +47,9 @@ TEST(Check, FindsFaultsInTheTickets) {
         {"08D410008000000000D4000000D5", "The key Out prints ticket 213, which is not there.\n"},
         {"08D41000", "It has no end marker behind its tickets.\n"},
     };
-    for (const Case& c : cases)
+    for (const Case& c : cases) {
         EXPECT_EQ(Joined(FaultsInBlockFile(FileOf(c.memory))), c.faults) << c.memory;
+    }
 }
 
 TEST(Check, FindsFaultsInTheFile) {
@@ -71,12 +76,16 @@ TEST(Check, FindsFaultsInTheFile) {
          "It has no end marker behind its tickets.\n"
          "It must be one line ended by CR LF, with nothing behind it.\n"},
     };
-    for (const auto& c : cases) EXPECT_EQ(Joined(FaultsInBlockFile(c.file)), c.faults) << c.faults;
+    for (const auto& c : cases) {
+        EXPECT_EQ(Joined(FaultsInBlockFile(c.file)), c.faults) << c.faults;
+    }
 }
 
 TEST(Check, LeavesRoomForTheKeys) {
     std::string memory = "08D4";
-    while (memory.size() < 7980) memory += "0041";
+    while (memory.size() < 7980) {
+        memory += "0041";
+    }
     EXPECT_EQ(Joined(FaultsInBlockFile(FileOf(memory.substr(0, 7976) + "10008000"))), "");
     EXPECT_EQ(Joined(FaultsInBlockFile(FileOf(memory + "10008000"))),
               "The tickets leave no room for the keys.\n");

@@ -16,7 +16,9 @@ inline std::string Record(int number, const std::string& picture) {
 // The end marker and its key words.
 inline std::string Tail(const KeyTickets& keys) {
     std::string digits = WordHex(EndMarker);
-    for (const int key : keys) digits += WordHex(static_cast<Word>(key));
+    for (const int key : keys) {
+        digits += WordHex(static_cast<Word>(key));
+    }
     return digits;
 }
 

@@ -58,14 +58,18 @@ TEST(Image, CutAtEveryLength) {
         cut.LoadKeys();
         filled.LoadKeys();
         ASSERT_EQ(cut.KeyTicket, filled.KeyTicket);
-        if (length > 200 && length < 7900) continue;  // the commands see no difference in the fill
+        if (length > 200 && length < 7900) {
+            continue;  // the commands see no difference in the fill
+        }
         TicketBlock bound = cut;
         bound.SetKeys({0, 212, 0, 0});
         bound.LoadKeys();
         ASSERT_EQ(bound.Tickets(), tickets);
         ASSERT_EQ(bound.KeyTicket, (KeyTickets{0, 212, 0, 0}));
         ASSERT_EQ(bound.TicketBuffer.size(), FindEndMarker(cut.TicketBuffer) ? 8007U : length);
-        if (tickets.empty()) continue;
+        if (tickets.empty()) {
+            continue;
+        }
         cut.RemoveTicketRecord(tickets.front());
         ASSERT_EQ(cut.Tickets(), std::vector<int>(tickets.begin() + 1, tickets.end()));
         ASSERT_EQ(cut.TicketBuffer.size(), 8007U);
@@ -75,7 +79,9 @@ TEST(Image, CutAtEveryLength) {
 // Text of a wrong file: megabytes, tickets without end, an end marker far beyond the memory.
 TEST(Image, FarTooLongImageLosesNothing) {
     std::string memory;
-    for (int i = 0; i < 150000; ++i) memory += "08D41000";
+    for (int i = 0; i < 150000; ++i) {
+        memory += "08D41000";
+    }
     TicketBlock block = BlockOf(":" + memory + Record(300, "A") + Tail({300, 0, 0, 0}));
     block.RemoveTicketRecord(300);
     EXPECT_EQ(block.PutRecord(300, Record(300, "")), PutResult::TooBig);

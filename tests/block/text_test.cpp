@@ -24,18 +24,26 @@ class RandomBlock {
     BlockContent Next() {
         BlockContent block;
         std::vector<int> numbers(Below(6) * Below(5));
-        for (int& number : numbers) number = 200 + static_cast<int>(Below(800));
+        for (int& number : numbers) {
+            number = 200 + static_cast<int>(Below(800));
+        }
         std::ranges::sort(numbers);
         numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
         std::ranges::shuffle(numbers, random_);
-        for (const int number : numbers) block.tickets.push_back(Ticket(number));
+        for (const int number : numbers) {
+            block.tickets.push_back(Ticket(number));
+        }
         for (Word& key : block.keys) {
             if (!numbers.empty() && Below(2) > 0) {
                 key = static_cast<Word>(numbers[Below(numbers.size())] + (Seldom() ? 0xF800 : 0));
             }
         }
-        if (Seldom()) block.endMarker = 0x8123;
-        if (Seldom()) block.fill.assign(1 + Below(40), 0xABC0);
+        if (Seldom()) {
+            block.endMarker = 0x8123;
+        }
+        if (Seldom()) {
+            block.fill.assign(1 + Below(40), 0xABC0);
+        }
         const std::string image = ImageOf(block);
         block.smallDigits = Seldom() && image.find_first_of("ABCDEF") != std::string::npos;
         return block;
@@ -48,7 +56,9 @@ class RandomBlock {
             const auto body = AnyWords();
             ticket.body.insert(ticket.body.end(), body.begin(), body.end());
         }
-        if (Seldom()) ticket.end = 0x1007;
+        if (Seldom()) {
+            ticket.end = 0x1007;
+        }
         return ticket;
     }
     std::vector<Word> AnyWords() {
@@ -91,7 +101,9 @@ TEST(BlockText, GivesTheSameBlockBack) {
         const std::string image = ImageOf(block);
         const std::string text = BlockText(ContentOf(image));
         ASSERT_EQ(ImageOf(Content(text)), image) << text;
-        if (block.tickets.empty()) continue;
+        if (block.tickets.empty()) {
+            continue;
+        }
         BlockContent again = block;  // the last ticket is put again
         std::rotate(again.tickets.begin(), again.tickets.end() - 1, again.tickets.end());
         const std::string changed = BlockText(again);

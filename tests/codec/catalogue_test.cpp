@@ -19,7 +19,9 @@ class CatalogueFile : public testing::Test {
         std::vector<CatalogueRow> rows;
         EXPECT_EQ(LoadCatalogue(path_, rows), "");
         std::string text;
-        for (const auto& row : rows) text += ToUtf8(row.Code() + u"|" + row.Comment() + u";");
+        for (const auto& row : rows) {
+            text += ToUtf8(row.Code() + u"|" + row.Comment() + u";");
+        }
         return text;
     }
     std::string Comment(int code) {
@@ -60,7 +62,9 @@ TEST_F(CatalogueFile, LookUpComparesTheFirstThreeCharactersOnly) {
         {0, " ZERO"}, {5, " OLD"}, {6, ""}, {7, "X"}, {8, ""}, {123, ""}, {1005, ""},
     };
     Write(text);
-    for (const auto& [code, comment] : cases) EXPECT_EQ(Comment(code), comment) << code;
+    for (const auto& [code, comment] : cases) {
+        EXPECT_EQ(Comment(code), comment) << code;
+    }
     Write("005 new\r\n");  // seen at once
     EXPECT_EQ(Comment(5), " NEW");
 }

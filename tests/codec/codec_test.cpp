@@ -15,8 +15,9 @@ namespace {
 
 std::vector<Word> WordsOf(std::string_view hex) {
     std::vector<Word> words;
-    for (std::size_t i = 0; i < hex.size(); i += WordDigits)
+    for (std::size_t i = 0; i < hex.size(); i += WordDigits) {
         words.push_back(static_cast<Word>(HexAt(hex, i, WordDigits)));
+    }
     return words;
 }
 
@@ -63,16 +64,18 @@ TEST_F(Codec, EncodesWhatATicketCanCarry) {
         {"{m}A{r}5", "0000"},
         {"{r}C\u0665", "2000"},
     };
-    for (const auto& [picture, body] : cases)
+    for (const auto& [picture, body] : cases) {
         EXPECT_EQ(EncodeTicket(FromPicture(picture), 999), std::string("0BE7") + body + "1000")
             << picture;
+    }
 }
 
 TEST(Encoder, KnowsWhereEachWordStands) {
     const MarkedText ticket = FromPicture("{g}x{k}a¬\n{r}C0{r}05{g} c{m}A1234{k}{r}C9999{b}P7");
     std::string body;
-    for (const PlacedWord& placed : EncodeBody(ticket))
+    for (const PlacedWord& placed : EncodeBody(ticket)) {
         body += WordHex(placed.word) + "@" + std::to_string(placed.position) + " ";
+    }
     EXPECT_EQ(body, "0061@1 000D@2 000A@2 2005@5 007B@11 4007@21 ");
 }
 
@@ -94,8 +97,9 @@ TEST_F(Codec, DecodesEveryKindOfWord) {
         {"23E823E7", "{r}C1000{k}\n{r}C999{g} LAST{k}\n"},
         {"00411800FFFF08D5600030000042", "AB"},
     };
-    for (const auto& [body, picture] : cases)
+    for (const auto& [body, picture] : cases) {
         EXPECT_EQ(DecodedPicture("08D4" + std::string(body) + "1000004180000041"), picture) << body;
+    }
 }
 
 TEST_F(Codec, FindsTheTicketAmongOthers) {

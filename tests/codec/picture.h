@@ -24,13 +24,25 @@ inline CharFormat FormatOf(std::string_view letters) {
 
 inline std::string LettersOf(const CharFormat& format) {
     std::size_t colour = 0;
-    while (colour + 1 < ColourLetters.size() && Colours[colour] != format.colour) ++colour;
+    while (colour + 1 < ColourLetters.size() && Colours[colour] != format.colour) {
+        ++colour;
+    }
     std::string letters(1, ColourLetters[colour]);
-    if (Colours[colour] != format.colour) letters += std::to_string(format.colour);
-    if (format.bold) letters += 'B';
-    if (format.italic) letters += 'I';
-    if (format.underline) letters += 'U';
-    if (format.strikeThrough) letters += 'S';
+    if (Colours[colour] != format.colour) {
+        letters += std::to_string(format.colour);
+    }
+    if (format.bold) {
+        letters += 'B';
+    }
+    if (format.italic) {
+        letters += 'I';
+    }
+    if (format.underline) {
+        letters += 'U';
+    }
+    if (format.strikeThrough) {
+        letters += 'S';
+    }
     return letters;
 }
 
@@ -58,12 +70,16 @@ inline std::string ToPicture(const MarkedText& text) {
     std::string picture;
     CharFormat format;
     for (std::size_t i = 0; i < text.Length(); i = text.RunEnd(i)) {
-        if (text.FormatAt(i) != format) picture += '{' + LettersOf(text.FormatAt(i)) + '}';
+        if (text.FormatAt(i) != format) {
+            picture += '{' + LettersOf(text.FormatAt(i)) + '}';
+        }
         format = text.FormatAt(i);
         const std::string run = ToUtf8(text.Text().substr(i, text.RunEnd(i) - i));
         for (std::size_t at = 0; at < run.size(); ++at) {
             const bool lineBreak = run.compare(at, 2, "\r\n") == 0;
-            if (lineBreak) ++at;
+            if (lineBreak) {
+                ++at;
+            }
             picture += lineBreak         ? "\n"
                        : run[at] == '\r' ? "\\r"
                        : run[at] == '\n' ? "\\n"

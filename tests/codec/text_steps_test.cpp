@@ -13,10 +13,14 @@ std::string Stops(const char* picture, TextStep step, bool forward) {
     std::vector<std::size_t> stops;
     for (std::size_t at = forward ? 0 : text.Length();;) {
         const std::size_t next = step(text, at);
-        if (next == at) break;
+        if (next == at) {
+            break;
+        }
         stops.insert(forward ? stops.begin() : stops.end(), at = next);
     }
-    for (const std::size_t at : stops) text.Insert(at, u"|", text.FormatAt(at > 0 ? at - 1 : 0));
+    for (const std::size_t at : stops) {
+        text.Insert(at, u"|", text.FormatAt(at > 0 ? at - 1 : 0));
+    }
     return ToPicture(text);
 }
 

@@ -22,7 +22,9 @@ namespace varno {
 inline std::vector<Word> TicketOf(std::string_view text) {
     std::vector<Word> body;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\n') body.push_back('\r');
+        if (text[i] == '\n') {
+            body.push_back('\r');
+        }
         if (text[i] != '{') {
             body.push_back(static_cast<Word>(text[i]));
             continue;
@@ -36,19 +38,30 @@ inline std::vector<Word> TicketOf(std::string_view text) {
 
 inline std::string LookOf(const PaperCell& cell) {
     std::string look;
-    for (std::size_t bit = 0; bit < 5; ++bit)
-        if ((cell.styles >> bit & 1) != 0) look += "BWHUI"[bit];
-    if (cell.origin != PaperCell::Origin::Text) look += " atsx"[static_cast<int>(cell.origin)];
+    for (std::size_t bit = 0; bit < 5; ++bit) {
+        if ((cell.styles >> bit & 1) != 0) {
+            look += "BWHUI"[bit];
+        }
+    }
+    if (cell.origin != PaperCell::Origin::Text) {
+        look += " atsx"[static_cast<int>(cell.origin)];
+    }
     return look;
 }
 
 inline std::string Drawn(const PaperRow& row) {
-    if (row.kind == PaperRow::Kind::Feed) return "=" + std::to_string(row.feed);
-    if (row.kind == PaperRow::Kind::Cut) return "---";
+    if (row.kind == PaperRow::Kind::Feed) {
+        return "=" + std::to_string(row.feed);
+    }
+    if (row.kind == PaperRow::Kind::Cut) {
+        return "---";
+    }
     std::string drawing(static_cast<std::size_t>(row.indent), ' ');
     std::string look;
     for (const PaperCell& cell : row.cells) {
-        if (LookOf(cell) != look) drawing += "{" + (look = LookOf(cell)) + "}";
+        if (LookOf(cell) != look) {
+            drawing += "{" + (look = LookOf(cell)) + "}";
+        }
         drawing += ToUtf8(std::u16string(1, cell.character));
     }
     return drawing + (row.breaks ? "/" : "");
@@ -56,7 +69,9 @@ inline std::string Drawn(const PaperRow& row) {
 
 inline std::string Drawn(const Paper& paper) {
     std::string drawing;
-    for (const PaperRow& row : paper.rows) drawing += Drawn(row) + "\n";
+    for (const PaperRow& row : paper.rows) {
+        drawing += Drawn(row) + "\n";
+    }
     return drawing;
 }
 

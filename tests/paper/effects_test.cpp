@@ -15,7 +15,9 @@ namespace {
 
 std::string Joined(const std::vector<std::string>& faults) {
     std::string text;
-    for (const std::string& fault : faults) text += fault + "\n";
+    for (const std::string& fault : faults) {
+        text += fault + "\n";
+    }
     return text;
 }
 
@@ -86,8 +88,9 @@ TEST(Effects, TakeOtherValues) {
               "line 6: \"1=2\" gives no print code a value: write P012=9999\n"
               "line 7: \"P9\" gives no print code a value: write P012=9999\n");
     const std::pair<int, std::u16string> table[] = {{1, u"12    "}, {2, u"tonnes"}, {3, u"a=b"}};
-    for (const auto& [number, value] : table)
+    for (const auto& [number, value] : table) {
         EXPECT_EQ(effects.values[static_cast<Word>(PrintCode + number)].Filled(), value) << number;
+    }
 }
 
 class EffectsFiles : public testing::Test {
@@ -101,8 +104,9 @@ class EffectsFiles : public testing::Test {
     }
     std::string Load(const std::string& folder) {
         std::string faults = Joined(LoadEffects(folder, own_, effects_));
-        for (std::size_t at; (at = faults.find(folder_.Path())) != std::string::npos;)
+        for (std::size_t at; (at = faults.find(folder_.Path())) != std::string::npos;) {
             faults.erase(at, folder_.Path().size());
+        }
         return faults;
     }
 
@@ -132,7 +136,9 @@ TEST_F(EffectsFiles, ThatCannotBeReadAreNamed) {
 // The time for this is a fraction of a second; without the limits it is many.
 TEST_F(EffectsFiles, OfAnySizeAndContentAreRead) {
     std::string noise(10 << 20, 'x');
-    for (std::size_t i = 0; i < noise.size(); i += 3) noise[i] = static_cast<char>(i * i >> 7);
+    for (std::size_t i = 0; i < noise.size(); i += 3) {
+        noise[i] = static_cast<char>(i * i >> 7);
+    }
     Write(folder_.Path(), "5 cut\n" + noise);
     const std::string faults = Load(folder_.Path());
     EXPECT_NE(faults.find("only the first 256 KB of the file are used\n"), std::string::npos);

@@ -70,8 +70,9 @@ TEST(Layout, PrintsTickets) {
         {"the paper's own side", "a{C037}\nb{C001}\nc", "    a\nb\n    c\n",
          "width 9\nalign centre"},
     };
-    for (const auto& row : table)
+    for (const auto& row : table) {
         EXPECT_EQ(Drawn(PaperOf(row.ticket, row.more)), row.paper) << row.what;
+    }
 }
 
 TEST(Layout, ShowsBoxesWithoutEffects) {
@@ -100,14 +101,17 @@ TEST(Paper, KnowsThePlacesOfWords) {
     const std::pair<std::size_t, PaperPlace> places[] = {
         {0, {0, 19}}, {2, {0, 19}},  {3, {0, 20}},  {4, {1, 0}},   {5, {1, 0}},   {6, {2, 0}},
         {8, {2, 2}},  {14, {2, 14}}, {15, {2, 16}}, {16, {3, 20}}, {17, {6, 18}}, {18, {6, 20}}};
-    for (const auto& [index, place] : places) EXPECT_EQ(PlaceOf(paper, index), place) << index;
+    for (const auto& [index, place] : places) {
+        EXPECT_EQ(PlaceOf(paper, index), place) << index;
+    }
     EXPECT_EQ(PlaceOf(PaperOf("a\n"), 3), (PaperPlace{1, 0}));
     const std::pair<PaperPlace, std::size_t> words[] = {
         {{0, 0}, 0},   {{0, 19}, 2},  {{0, 99}, 3},  {{1, 5}, 5},   {{2, 15}, 14},
         {{2, 17}, 15}, {{3, 0}, 15},  {{3, 12}, 15}, {{3, 20}, 16}, {{5, 0}, 16},
         {{6, 0}, 17},  {{6, 18}, 17}, {{6, 20}, 18}, {{7, 0}, 18}};
-    for (const auto& [place, index] : words)
+    for (const auto& [place, index] : words) {
         EXPECT_EQ(WordAt(paper, place), index) << place.row << ", " << place.column;
+    }
     EXPECT_EQ(WordAt(PaperOf("{C039}x{C005}y"), {1, 0}), 3U);
 }
 

@@ -92,7 +92,9 @@ TEST(RtfReader, RefusesWhatIsNoRichText) {
 TEST(RtfReader, RefusesWhatIsLongerThanTheEditorTakes) {
     for (const TextSize most : {TextSize{MostCharacters, 0}, {0, MostLines - 1}}) {
         std::u16string longest(most.characters, u'x');
-        for (std::size_t i = 0; i < most.lineBreaks; ++i) longest += LineBreak;
+        for (std::size_t i = 0; i < most.lineBreaks; ++i) {
+            longest += LineBreak;
+        }
         MarkedText text;
         text.Append(longest, {});
         EXPECT_EQ(Read(WriteRtf(text)), ToPicture(text));

@@ -31,7 +31,9 @@ TEST_F(BlockCommands, PutTakesNumbersFrom200To999) {
         EXPECT_TRUE(HasFocus("TicketNumber")) << number;
     }
     EXPECT_FALSE(State().block.BlockChanged);
-    for (const char* number : {"300", "999", "200", "212"}) window.Put(number);
+    for (const char* number : {"300", "999", "200", "212"}) {
+        window.Put(number);
+    }
     EXPECT_EQ(window.Rows(), "200|212|300|999");
     EXPECT_TRUE(HasFocus("RichText"));
 }
@@ -60,7 +62,9 @@ TEST_F(BlockCommands, PutReplacesWithConsentWhatHasRoom) {
     for (const auto& t : table) {
         box.SetContent(FromPicture(t.ticket));
         edit->selectAll();
-        for (const auto& [message, answer] : t.asked) script.Expect(message, answer);
+        for (const auto& [message, answer] : t.asked) {
+            script.Expect(message, answer);
+        }
         window.Put("212");
         script.ExpectNoMore();
         EXPECT_EQ(State().block.TicketBuffer, t.image);
@@ -160,7 +164,9 @@ TEST_F(BlockCommands, KeysBindOnce) {
 TEST_F(BlockCommands, KeysNeedARowButNoEndMarker) {
     window.Open(":08D41000");
     list->setFocus();
-    for (const char letter : {'p', ' '}) QTest::keyClick(list, letter);
+    for (const char letter : {'p', ' '}) {
+        QTest::keyClick(list, letter);
+    }
     EXPECT_EQ(window.Rows(), "212");
     EXPECT_EQ(window.PressedKeys(), "");
     EXPECT_FALSE(State().block.BlockChanged);
@@ -211,7 +217,9 @@ TEST_F(EditCommand, AsksWhileTheTicketIsUnsaved) {
         {{}, "A÷B¬\n||"},  // not changed since
     };
     for (const auto& t : table) {
-        for (const auto& [answer, file] : t.answers) ExpectSave(answer, file);
+        for (const auto& [answer, file] : t.answers) {
+            ExpectSave(answer, file);
+        }
         Edit(0);
         EXPECT_EQ(Shown(), t.after);
     }

@@ -23,7 +23,9 @@ auto While(Ask ask, Act act) {
         auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_TRUE(QTest::qWaitForWindowActive(box));  // it has its focus then
         act(box);
-        if (box->isVisible()) box->done(QDialog::Rejected);
+        if (box->isVisible()) {
+            box->done(QDialog::Rejected);
+        }
     });
     return ask();
 }
@@ -115,8 +117,9 @@ std::string Choose(bool open, const std::string& folder, const char* typed) {
             EXPECT_EQ(box->findChild<QComboBox*>("fileTypeCombo")->currentText(), "Varno Ticket");
             QTest::keyClicks(field, typed);
             QTimer::singleShot(0, [] {  // there is no such file
-                if (auto* says = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                if (auto* says = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
                     says->close();
+                }
             });
             Press(box, Qt::Key_Return);
         });
@@ -125,7 +128,9 @@ std::string Choose(bool open, const std::string& folder, const char* typed) {
 
 TEST(FileDialogs, TakeTheNameThatIsTyped) {
     const TestFolder folder;
-    for (const char* name : {"a\"b.VRT", "b.VRT", "lower.vrt"}) WriteText(folder.Path(name), "");
+    for (const char* name : {"a\"b.VRT", "b.VRT", "lower.vrt"}) {
+        WriteText(folder.Path(name), "");
+    }
     QDir(QString::fromStdString(folder.Folder())).mkdir("sub");
     struct Row {
         const char* typed;

@@ -21,13 +21,17 @@ inline CaretPicture FromCaretPicture(std::string_view picture) {
     CaretPicture result{.text = FromPicture(picture)};
     const auto take = [&](char16_t mark) {
         const std::size_t at = result.text.Text().find(mark);
-        if (at == std::u16string::npos) return -1;
+        if (at == std::u16string::npos) {
+            return -1;
+        }
         result.typing = result.text.FormatAt(at);
         result.text.Erase(at, 1);
         return static_cast<int>(at);
     };
     result.start = take(u'|');
-    if (result.start >= 0) return result;
+    if (result.start >= 0) {
+        return result;
+    }
     result.start = take(u'[');
     const int end = take(u']');
     result.length = end < 0 ? 0 : end - result.start;

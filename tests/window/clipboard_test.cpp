@@ -79,7 +79,9 @@ TEST_F(Clipboard, TakesTextColourAndStylesOnly) {
 // What would make the text too long stays out, and a box says so; the editor can still be used.
 TEST_F(Clipboard, TakesNoMoreThanTheEditorLaysOut) {
     MarkedText lines;
-    for (std::size_t i = 0; i < MostLines - 2; ++i) lines.Append(u"\u00AC\r\n", {});
+    for (std::size_t i = 0; i < MostLines - 2; ++i) {
+        lines.Append(u"\u00AC\r\n", {});
+    }
     box.SetContent(lines);
     const auto refuses = [&](std::size_t kept, auto&& change) {
         script.Expect({TooLongForATicket, ApplicationTitle, Buttons::Ok, Icon::Exclamation},

@@ -134,13 +134,17 @@ class Editor : public WindowTest {
         cursor.setPosition(backwards ? end : front);
         cursor.setPosition(backwards ? front : end, QTextCursor::KeepAnchor);
         edit->setTextCursor(cursor);
-        if (picture.length == 0) box.SetTypingFormat(picture.typing);
+        if (picture.length == 0) {
+            box.SetTypingFormat(picture.typing);
+        }
     }
     CaretPicture Shown() const {
         return {box.Content(), box.SelStart(), box.SelLength(), box.TypingFormat()};
     }
     void PressAll(const char* keys) {
-        for (const KeyStroke& stroke : ParseKeys(keys)) Press(edit, stroke);
+        for (const KeyStroke& stroke : ParseKeys(keys)) {
+            Press(edit, stroke);
+        }
     }
     void Check(const KeyPicture& row, bool backwards) {
         Press(edit, {Qt::Key_F5});  // ends what was typed before
@@ -148,7 +152,9 @@ class Editor : public WindowTest {
         PressAll(row.keys);
         const CaretPicture expected = FromCaretPicture(row.after);
         CaretPicture shown = Shown();
-        if (expected.start < 0) shown.start = -1;
+        if (expected.start < 0) {
+            shown.start = -1;
+        }
         EXPECT_EQ(ToPicture(shown), ToPicture(expected))
             << "before: " << row.before << (backwards ? ", backwards" : "")
             << "\nkeys:   " << row.keys;
@@ -156,12 +162,16 @@ class Editor : public WindowTest {
     void Check(const KeyPicture& row) {
         Check(row, false);
         // Every selection is made in both directions.
-        if (FromCaretPicture(row.before).length > 0) Check(row, true);
+        if (FromCaretPicture(row.before).length > 0) {
+            Check(row, true);
+        }
     }
 };
 
 TEST_F(Editor, DoesWhatThePicturesShow) {
-    for (const KeyPicture& row : KeyPictures) Check(row);
+    for (const KeyPicture& row : KeyPictures) {
+        Check(row);
+    }
 }
 
 // What the control does by itself, beside the rules.
@@ -207,7 +217,9 @@ TEST_F(Editor, KeepsToTheRulesWithItsOwnKeys) {
         {"ab|", "c<Enter>d<C-Z><C-Z><C-Z>", "ab"},
         {"ab|", "c<Enter>d<C-Z><C-Z><C-Z><C-Y><C-Y><C-Y>", "abc¬\nd"},
     };
-    for (const KeyPicture& row : rows) Check(row);
+    for (const KeyPicture& row : rows) {
+        Check(row);
+    }
 }
 
 TEST_F(Editor, SelectsAWordByDoubleClick) {

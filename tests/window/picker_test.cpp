@@ -45,7 +45,9 @@ struct Shown {
     }
     // To whatever has the focus.
     static void Press(const std::vector<Qt::Key>& keys) {
-        for (const Qt::Key key : keys) QTest::keyClick(QApplication::focusWidget(), key);
+        for (const Qt::Key key : keys) {
+            QTest::keyClick(QApplication::focusWidget(), key);
+        }
     }
     static void Type(const QString& text) {
         for (const QChar character : text) {
@@ -68,13 +70,17 @@ struct Shown {
     QString Entries(const char* name) const {
         const auto* list = Get<QListWidget>(name);
         QStringList entries;
-        for (int row = 0; row < list->count(); ++row) entries += list->item(row)->text();
+        for (int row = 0; row < list->count(); ++row) {
+            entries += list->item(row)->text();
+        }
         return entries.join('/');
     }
     // In each list in sight the entry of its field is selected, and in sight.
     void ExpectChoiceInSight() const {
         for (const auto* list : window.findChildren<RowList*>()) {
-            if (!list->isVisible()) continue;
+            if (!list->isVisible()) {
+                continue;
+            }
             const QListWidgetItem* entry = list->currentItem();
             ASSERT_NE(entry, nullptr) << list->objectName().toStdString();
             const auto* field = list->parentWidget()->findChild<QLineEdit*>();
@@ -182,7 +188,9 @@ TEST_F(Pickers, KeepTheBoxesInStep) {
         const std::string shown = PickControl([&](const Shown& p) {
             row.act(p);
             EXPECT_EQ(p.Boxes(), QString::fromUtf8(row.boxes));
-            if (!inserted.empty()) p.ExpectChoiceInSight();
+            if (!inserted.empty()) {
+                p.ExpectChoiceInSight();
+            }
             p.Click(inserted.empty() ? "CancelButton" : "OkButton");
         });
         EXPECT_EQ(shown, inserted.empty() ? "|"
@@ -324,7 +332,9 @@ TEST_F(Pickers, TakeANumberUpTo999) {
             p.Type(row.typed);
             EXPECT_EQ(p.Text("Text1"), row.text);
             p.Press({Qt::Key_Return});
-            if (*row.typed == '\0') p.Press({Qt::Key_Escape});
+            if (*row.typed == '\0') {
+                p.Press({Qt::Key_Escape});
+            }
         });
         EXPECT_EQ(shown, std::string("a") + row.inserted);
     }
@@ -383,7 +393,9 @@ TEST(Choice, IsHeardOnce) {
     combo.AddItems(std::vector<std::string>{"001", "002", "003"});
     combo.OnClick = [&] { ++heard; };
     auto& box = numbers.Get<ListBox>("List1");
-    for (const char* row : {"0", "1", "2"}) box.AddItem(row);
+    for (const char* row : {"0", "1", "2"}) {
+        box.AddItem(row);
+    }
     box.OnClick = [&] { ++heard; };
     for (QtWindow* window : {&codes, &numbers}) {
         window->Show();

@@ -149,7 +149,9 @@ class RealWindow {
         std::string letters;
         for (int key = 0; key < KeyCount; ++key) {
             const auto name = "KeyAssignment(" + std::to_string(key) + ")";
-            if (Get<ToggleButton>(name).Value()) letters += KeyLetter(key);
+            if (Get<ToggleButton>(name).Value()) {
+                letters += KeyLetter(key);
+            }
         }
         return letters;
     }

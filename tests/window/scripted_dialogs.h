@@ -51,7 +51,9 @@ class ScriptedDialogs final : public Dialogs {
     void Listen(std::function<void(const Message&)> hear) { hear_ = std::move(hear); }
     // All that was expected so far has come; also checked at the end.
     void ExpectNoMore() {
-        for (const Step& step : script_) ADD_FAILURE() << "never asked: " << step.question;
+        for (const Step& step : script_) {
+            ADD_FAILURE() << "never asked: " << step.question;
+        }
         script_.clear();
     }
 
@@ -63,7 +65,9 @@ class ScriptedDialogs final : public Dialogs {
             return Answer::Ok;
         }
         const Step step = Next(Shown(message));
-        if (step.meanwhile) step.meanwhile();
+        if (step.meanwhile) {
+            step.meanwhile();
+        }
         return step.answer;
     }
     std::string InputBox(const std::string& prompt, const std::string& title,

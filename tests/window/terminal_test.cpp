@@ -147,7 +147,9 @@ TEST_F(Line, ShowsAndSendsWhatIsTyped) {
         area.Clear();
         area.Append(row.before);
         sent.clear();
-        if (row.caret >= 0) Accessible().setCursorPosition(row.caret);
+        if (row.caret >= 0) {
+            Accessible().setCursorPosition(row.caret);
+        }
         row.act();
         EXPECT_EQ(Text(), ToText(row.after)) << row.what;
         EXPECT_EQ(sent, row.sent) << row.what;

@@ -65,7 +65,9 @@ class Transfers : public WindowTest {
         bool eventFilter(QObject* label, QEvent* event) override {
             const auto text = static_cast<QLabel*>(label)->text().toStdString();
             const bool isNew = texts.empty() || texts.back() != text;
-            if (event->type() == QEvent::Paint && isNew) texts.push_back(text);
+            if (event->type() == QEvent::Paint && isNew) {
+                texts.push_back(text);
+            }
             return false;
         }
         bool Has(const std::string& text) const {
@@ -279,7 +281,9 @@ TEST_F(Transfers, EachSettingOfThePortIsTakenOrRefusedByItself) {
                            "\r\n\r\n\r\nEnter PC's Serial Port Parameters\r\n"
                            "(COM: BaudRate, Parity, DataBits, StopBits)",
                            row.entry);
-        for (const std::string& error : row.errors) ExpectError(error.c_str(), "ERROR");
+        for (const std::string& error : row.errors) {
+            ExpectError(error.c_str(), "ERROR");
+        }
         window.Choose("Serial");
         script.ExpectNoMore();
         EXPECT_EQ(script.inputDefaults.back(), "3:4800,o,7,2");
