@@ -25,7 +25,8 @@ RowList::RowList(QWidget* parent) : QListWidget(parent) {
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setUniformItemSizes(true);
     QObject::connect(this, &QListWidget::itemSelectionChanged, this, [this] {
-        if (SelectedRow() >= 0) {
+        if (const int row = SelectedRow(); row >= 0) {
+            setCurrentRow(row, QItemSelectionModel::NoUpdate);  // a drag selects before it moves
             Call(OnChosen);
         }
     });

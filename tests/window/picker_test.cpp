@@ -37,6 +37,15 @@ struct Shown {
         QTest::mouseClick(Get<QWidget>(button), Qt::LeftButton);
     }
     void ClickEntry(const char* list, int row) const { ClickRow(Get<QListWidget>(list), row); }
+    void DragTo(const char* list, int row) const {
+        auto* rows = Get<QListWidget>(list);
+        const auto centre = [rows](int of) {
+            return rows->visualItemRect(rows->item(of)).center();
+        };
+        QTest::mousePress(rows->viewport(), Qt::LeftButton, {}, centre(0));
+        QTest::mouseMove(rows->viewport(), centre(row));
+        QTest::mouseRelease(rows->viewport(), Qt::LeftButton, {}, centre(row));
+    }
     void DoubleClickEntry(const char* list, int row) const {
         ClickEntry(list, row);
         auto* rows = Get<QListWidget>(list);
@@ -165,7 +174,7 @@ TEST_F(Pickers, KeepTheBoxesInStep) {
         {"without its zeros", [](auto& p) { p.Type("5"); }, "5///off", ""},
         {"spoilt again", [](auto& p) { p.Type("007"), p.Press({Qt::Key_Backspace}); },
          "00/BELL/BELL/off", ""},
-        {"code clicked", [](auto& p) { p.ClickEntry(Codes, 2); }, "007/BELL/BELL/on", "007 BELL"},
+        {"code dragged to", [](auto& p) { p.DragTo(Codes, 2); }, "007/BELL/BELL/on", "007 BELL"},
         {"by keys",
          [](auto& p) {
              p.Press({Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Up});
