@@ -18,8 +18,8 @@ class QtFrame final : public QtControl<Control, QWidget> {
     QtFrame(const ControlDesign& design, QWidget* parent);
 };
 
-// Cuts a caption that is too long for it with an ellipsis and shows it whole as a tool tip; a QLabel
-// cuts it without a sign.
+// Cuts a caption that is too long with an ellipsis and shows it whole as a tool tip. A QLabel cuts
+// it without a sign.
 class ElidingLabel : public QLabel {
   public:
     using QLabel::QLabel;
