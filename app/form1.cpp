@@ -14,8 +14,6 @@
 namespace varno {
 namespace {
 
-constexpr int InBufferSize = 8092;
-
 std::string KeyButtonName(std::size_t key) {
     return "KeyAssignment(" + std::to_string(key) + ")";
 }

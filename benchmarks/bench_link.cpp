@@ -13,6 +13,7 @@
 
 #include "block/image.h"
 #include "link/block_transfer.h"
+#include "link/communications.h"
 #include "link/port_session.h"
 #include "platform/qt/serial/serial_port_adapter.h"
 #include "tests/line/event_loop.h"
@@ -98,7 +99,11 @@ void GapWatch::Print() const {
 
 struct Bench {
     IndicatorProcess indicator;
-    std::unique_ptr<SerialControl> port = MakeSerialControl(indicator.Folder().toStdString(), 8092);
+    std::unique_ptr<SerialControl> port = MakeSerialControl(
+        [folder = indicator.Folder().toStdString()](int number, FoundPort& found) {
+            return FindPort(number, folder, found);
+        },
+        InBufferSize);
 
     void OpenPort() {
         if (const Error error = port->OpenPort()) {

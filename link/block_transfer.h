@@ -10,6 +10,12 @@ namespace varno {
 // Whole percents of an image that so many characters are; above 100 for a text that is longer.
 int ProgressPercent(std::size_t characters);
 
+// What to start in the indicator.
+inline constexpr const char* StartTransmission =
+    "Start TICKET BUFFER TRANSMISSION in Varno now! (parameter 77)";
+inline constexpr const char* StartCapturing =
+    "Start TICKET BUFFER CAPTURING in Varno (parameter 78)";
+
 std::string ReceivingText(int percent);
 std::string TransmittingText(int percent);
 

@@ -6,6 +6,8 @@
 
 namespace varno {
 
+inline constexpr int InBufferSize = 8092;  // characters that can wait to be read
+
 // A stored value that the serial control refuses falls back to its default.
 void LoadCommunications(const SettingsStore& store, SerialControl& serial);
 void SaveCommunications(SettingsStore& store, const SerialControl& serial);

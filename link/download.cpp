@@ -29,8 +29,8 @@ void Download::DownloadButton_Click() {
 
 bool Download::Confirm() {
     return platform_.DialogBoxes().ShowMessage(
-               "Start TICKET BUFFER CAPTURING in Varno (parameter 78),\r\nthen click OK button.",
-               "", Buttons::OkCancel, Icon::Exclamation) == Answer::Ok;
+               StartCapturing + std::string(",\r\nthen click OK button."), "", Buttons::OkCancel,
+               Icon::Exclamation) == Answer::Ok;
 }
 
 void Download::ShowProgress(int percent) {

@@ -21,8 +21,12 @@ void PortSession::Send(std::string_view characters) {
 }
 
 void PortSession::Drain() {
-    if (CanSend()) {
-        use_->port.Drain();
+    if (!CanSend()) {
+        return;
+    }
+    const Error error = use_->port.Drain();
+    if (IsCurrent()) {
+        use_->failure = error;
     }
 }
 

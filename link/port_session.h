@@ -26,7 +26,7 @@ class PortSession {
     void Send(std::string_view characters);
     // Runs events until the line has taken everything, as SerialControl::Drain.
     void Drain();
-    // Why not everything was sent; nothing as long as all was.
+    // Why not everything was sent or taken by the line; nothing as long as all was.
     Error Failure() const { return use_ ? use_->failure : Error(); }
 
   private:

@@ -4,12 +4,6 @@
 
 namespace varno {
 
-namespace {
-
-constexpr const char* Prompt = "Start TICKET BUFFER TRANSMISSION in Varno now! (parameter 77)";
-
-}  // namespace
-
 void Upload::Retrieve_Click() {
     if (controls_.TicketList.ListCount() > 0 &&
         dialogs_.ShowMessage("Items in ticket block will be lost.", "Warning", Buttons::OkCancel,
@@ -21,7 +15,7 @@ void Upload::Retrieve_Click() {
         return;
     }
     incoming_ = {};
-    controls_.Message.SetCaption(Prompt);
+    controls_.Message.SetCaption(StartTransmission);
     controls_.Timer1.SetEnabled(true);
     announce_(CommandEvent::UploadStarted);
 }

@@ -2,7 +2,10 @@
 
 namespace varno {
 
-// Whether somebody reads the standard output on a terminal, which understands attributes.
-bool OutputIsTerminal();
+enum class Stream { Input, Output, Errors };
+
+// Whether somebody sits at the other end, at a terminal: one that is written to understands
+// attributes.
+bool OnTerminal(Stream stream);
 
 }  // namespace varno

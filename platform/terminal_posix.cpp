@@ -4,8 +4,8 @@
 
 namespace varno {
 
-bool OutputIsTerminal() {
-    return ::isatty(STDOUT_FILENO) != 0;
+bool OnTerminal(Stream stream) {
+    return ::isatty(static_cast<int>(stream)) != 0;
 }
 
 }  // namespace varno

@@ -2,12 +2,10 @@
 
 #include <io.h>
 
-#include <cstdio>
-
 namespace varno {
 
-bool OutputIsTerminal() {
-    return _isatty(_fileno(stdout)) != 0;
+bool OnTerminal(Stream stream) {
+    return _isatty(static_cast<int>(stream)) != 0;
 }
 
 }  // namespace varno

@@ -17,7 +17,7 @@ std::string Folder(const char* variable, const char* inHome) {
     if (set.empty() && home.empty()) {
         return "";
     }
-    return (set.starts_with('/') ? set : home + inHome) + "/VarnoTicketFormatter";
+    return (set.starts_with('/') ? set : home + inHome) + "/" + ProgramName;
 }
 
 }  // namespace

@@ -4,6 +4,9 @@
 
 namespace varno {
 
+// The window program, whose settings and data folder others use too.
+inline constexpr const char* ProgramName = "VarnoTicketFormatter";
+
 // Where the programs look for what a user has set up beside the settings: XDG_DATA_HOME or what
 // stands for it.
 std::string UserDataFolder();

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "platform/serial/port_links.h"
 #include "platform/serial/port_numbers.h"
 #include "platform/serial/serial_settings.h"
 #include "simulator/pseudo_terminal.h"
@@ -24,24 +25,21 @@ bool IsLeftBehind(const std::string& target, const std::string& newDevice) {
 }  // namespace
 
 void PortOffer::Offer(const std::string& device) {
-    fs::create_directories(folder_);
     RemoveLeftBehind(device);
     if (number_ == 0) {
         number_ = FreeNumber();
     }
-    const PortNumbers links = ReadPortLinks(folder_);
-    if (const auto link = links.find(number_); link != links.end()) {
-        throw std::runtime_error("COM" + std::to_string(number_) + " is " + link->second +
-                                 " already.");
+    if (const Error error = LinkPort(folder_, number_, device)) {
+        throw std::runtime_error(*error);
     }
-    fs::create_symlink(device, LinkPath(number_));
     offered_ = device;
 }
 
 void PortOffer::Withdraw() {
     std::error_code ignored;
-    if (!offered_.empty() && fs::read_symlink(LinkPath(number_), ignored) == offered_) {
-        fs::remove(LinkPath(number_), ignored);
+    if (!offered_.empty() &&
+        fs::read_symlink(PortLinkPath(folder_, number_), ignored) == offered_) {
+        fs::remove(PortLinkPath(folder_, number_), ignored);
     }
     offered_.clear();
 }
@@ -49,8 +47,8 @@ void PortOffer::Withdraw() {
 void PortOffer::RemoveLeftBehind(const std::string& device) const {
     for (const auto& [number, ignored] : ReadPortLinks(folder_)) {
         std::error_code noLink;
-        if (IsLeftBehind(fs::read_symlink(LinkPath(number), noLink), device)) {
-            fs::remove(LinkPath(number));
+        if (IsLeftBehind(fs::read_symlink(PortLinkPath(folder_, number), noLink), device)) {
+            fs::remove(PortLinkPath(folder_, number));
         }
     }
 }
@@ -65,10 +63,6 @@ int PortOffer::FreeNumber() const {
         throw std::runtime_error("All port numbers are taken.");
     }
     return number;
-}
-
-std::string PortOffer::LinkPath(int number) const {
-    return folder_ + "/COM" + std::to_string(number);
 }
 
 }  // namespace varno

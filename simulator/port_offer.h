@@ -24,7 +24,6 @@ class PortOffer {
   private:
     void RemoveLeftBehind(const std::string& device) const;
     int FreeNumber() const;
-    std::string LinkPath(int number) const;
 
     std::string folder_;
     int number_;

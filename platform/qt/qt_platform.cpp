@@ -59,7 +59,11 @@ std::unique_ptr<Window> QtPlatform::CreateWindow(const WindowDesign& design) {
 }
 
 std::unique_ptr<SerialControl> QtPlatform::CreateSerialControl(int inBufferSize) {
-    return MakeSerialControl(info_.portsFolder, inBufferSize);
+    return MakeSerialControl(
+        [folder = info_.portsFolder](int port, FoundPort& found) {
+            return FindPort(port, folder, found);
+        },
+        inBufferSize);
 }
 
 void QtPlatform::DoEvents() {

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <tuple>
 
+#include "platform/serial/port_links.h"
 #include "platform/serial/port_sentences.h"
-#include "platform/serial/serial_settings.h"
 #include "platform/serial/serial_system.h"
 
 namespace varno {
@@ -18,20 +18,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view LinkPrefix = "COM";
-
 // The number that `text` writes without leading zeros or anything else, or 0.
 int WholeNumber(std::string_view text) {
     int number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
     return std::to_string(number) == text ? number : 0;
-}
-
-int LinkNumber(const std::string& name) {
-    const int number = name.starts_with(LinkPrefix)
-                           ? WholeNumber(std::string_view(name).substr(LinkPrefix.size()))
-                           : 0;
-    return number <= MaxCommPort ? std::max(number, 0) : 0;
 }
 
 // Of a link that leads nowhere, the place where it points.
@@ -86,7 +77,7 @@ PortNumbers ReadPortLinks(const std::string& folder) {
     PortNumbers links;
     std::error_code error;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
-        const int number = LinkNumber(entry.path().filename().string());
+        const int number = PortNumberNamed(entry.path().filename().string());
         if (number > 0) {
             links[number] = TargetOf(entry.path());
         }
@@ -114,18 +105,39 @@ PortNumbers NumberPorts(const PortNumbers& links, std::vector<SerialDevice> devi
     return ports;
 }
 
-Error FindPort(int port, const std::string& linksFolder, FoundPort& found) {
+namespace {
+
+PortNumbers PortsThere(const std::string& linksFolder) {
     PortNumbers ports = NumberedPorts(linksFolder);
     std::erase_if(ports, [](const auto& entry) { return !DeviceExists(entry.second); });
+    return ports;
+}
+
+Error WhyForbidden(const FoundPort& found) {
+    return DeviceAllowed(found.device) ? Error() : ForbiddenPortSentence(found.name);
+}
+
+}  // namespace
+
+Error FindPort(int port, const std::string& linksFolder, FoundPort& found) {
+    const PortNumbers ports = PortsThere(linksFolder);
     const auto entry = ports.find(port);
     if (entry == ports.end()) {
-        return MissingPortSentence(port, ports);
+        return MissingPortSentence(PortName(port), ports);
     }
-    found = {entry->second, "COM" + std::to_string(port)};
+    found = {entry->second, PortName(port)};
     if (found.device != found.name) {
         found.name += " (" + found.device + ")";
     }
-    return DeviceAllowed(found.device) ? Error() : ForbiddenPortSentence(found.name);
+    return WhyForbidden(found);
+}
+
+Error FindDevice(const std::string& device, const std::string& linksFolder, FoundPort& found) {
+    if (!DeviceExists(device)) {
+        return MissingPortSentence(device, PortsThere(linksFolder));
+    }
+    found = {device, device};
+    return WhyForbidden(found);
 }
 
 }  // namespace varno

@@ -1,6 +1,7 @@
 // Which device COM<n> is, where ports are devices with names of their own. Paths are UTF-8.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -35,5 +36,11 @@ struct FoundPort {
 // From a port's number to its device. `linksFolder` holds the user's own numbering. Fails where the
 // port is not there or not for this user; in the latter case `found` is filled in all the same.
 [[nodiscard]] Error FindPort(int port, const std::string& linksFolder, FoundPort& found);
+// The same for a device that is named itself.
+[[nodiscard]] Error FindDevice(const std::string& device, const std::string& linksFolder,
+                               FoundPort& found);
+
+// What a serial control asks for its device.
+using PortFinder = std::function<Error(int port, FoundPort& found)>;
 
 }  // namespace varno

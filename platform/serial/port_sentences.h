@@ -8,10 +8,11 @@
 namespace varno {
 
 // Says which ports there are, too: those in `present`.
-std::string MissingPortSentence(int port, const PortNumbers& present);
+std::string MissingPortSentence(const std::string& name, const PortNumbers& present);
 
 // `name` is a port as sentences call it: "COM3 (/dev/ttyUSB0)".
 std::string ForbiddenPortSentence(const std::string& name);
 std::string BusyPortSentence(const std::string& name);
+std::string LostPortSentence(const std::string& name);
 
 }  // namespace varno

@@ -38,8 +38,8 @@ class SerialControl {
     // stands still keeps it waiting.
     virtual void WaitForRoom(int characters) = 0;
     // Lets events run until the line has taken the last character or the port is closed, but not
-    // longer than twice the time that the line needs, plus a second.
-    virtual void Drain() = 0;
+    // longer than twice the time that the line needs, plus a second. An error if it has not.
+    [[nodiscard]] virtual Error Drain() = 0;
 
     // All characters waiting; removes them.
     virtual std::string Input() = 0;

@@ -37,7 +37,11 @@ class Cable {
     }
 
     std::unique_ptr<SerialControl> MakePort(int inBufferSize = 8092) {
-        auto port = MakeSerialControl(folder_.Path(), inBufferSize);
+        auto port = MakeSerialControl(
+            [this](int number, FoundPort& found) {
+                return FindPort(number, folder_.Path(), found);
+            },
+            inBufferSize);
         EXPECT_FALSE(port->SetCommPort(offer_.Number()));
         return port;
     }

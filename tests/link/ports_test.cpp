@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/serial/port_links.h"
 #include "platform/serial/port_sentences.h"
 #include "tests/link/scratch_folder.h"
 
@@ -58,11 +59,18 @@ TEST(Ports, OnlyHardwareThatWasFoundIsThere) {
               (PortNumbers{{1, "/dev/ttyS0"}, {2, "/dev/ttyUSB0"}}));
 }
 
+TEST(Ports, ADeviceIsLinkedByTheNameThatStays) {
+    const ScratchFolder names;
+    std::filesystem::create_symlink("/dev/null", names.Path() + "/usb-adapter-7");
+    EXPECT_EQ(StableName("/dev/null", names.Path()), names.Path() + "/usb-adapter-7");
+    EXPECT_EQ(StableName("/dev/zero", names.Path()), "/dev/zero");
+}
+
 TEST(Ports, MissingPortSaysWhichThereAre) {
-    EXPECT_EQ(MissingPortSentence(3, {{1, "/dev/ttyS0"}, {2, "/dev/ttyUSB0"}}),
+    EXPECT_EQ(MissingPortSentence("COM3", {{1, "/dev/ttyS0"}, {2, "/dev/ttyUSB0"}}),
               "There is no COM3. The serial ports are COM1 (/dev/ttyS0), COM2 (/dev/ttyUSB0). "
               "Choose one with Serial Port Configuration, or connect the indicator.");
-    EXPECT_EQ(MissingPortSentence(1, {}),
+    EXPECT_EQ(MissingPortSentence("COM1", {}),
               "There is no COM1, and no other serial port. Connect the indicator or its adapter.");
 }
 

@@ -38,7 +38,7 @@ class ScriptedLine final : public SerialControl {
         return sending ? Error() : "cannot send";
     }
     void WaitForRoom(int /*characters*/) override { onWaitForRoom(); }
-    void Drain() override {}
+    Error Drain() override { return {}; }
     std::string Input() override { return std::exchange(arrived_, {}); }
 
     // Characters on the line. Nobody hears them while the port is closed.

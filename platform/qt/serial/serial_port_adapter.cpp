@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <functional>
+#include <utility>
 
 #include "platform/serial/port_numbers.h"
 #include "platform/serial/port_sentences.h"
@@ -71,7 +72,7 @@ void DiscardStaleInput(QSerialPort& port) {
 
 class SerialPortAdapter final : public SerialControl {
   public:
-    SerialPortAdapter(const std::string& portsFolder, int inBufferSize);
+    SerialPortAdapter(PortFinder findPort, int inBufferSize);
     ~SerialPortAdapter() override { SerialPortAdapter::ClosePort(); }
 
     int CommPort() const override { return commPort_; }
@@ -83,18 +84,19 @@ class SerialPortAdapter final : public SerialControl {
     void ClosePort() override;
     Error Output(std::string_view characters) override;
     void WaitForRoom(int characters) override;
-    void Drain() override;
+    Error Drain() override;
     std::string Input() override { return port_.readAll().toStdString(); }
 
   private:
     Error WhyNotOpened() const;
+    Error WhyClosed() const;
     void Connect();
     void Lose();
     int Unsent();
     bool HasRoom(qint64 characters);
     void WaitWhile(const std::function<bool()>& condition);
 
-    std::string portsFolder_;
+    PortFinder findPort_;
     int commPort_ = DefaultCommPort;
     std::string settingsText_{DefaultSerialSettings};
     SerialSettings settings_;
@@ -108,8 +110,8 @@ class SerialPortAdapter final : public SerialControl {
     QTimer hangUpWatch_;
 };
 
-SerialPortAdapter::SerialPortAdapter(const std::string& portsFolder, int inBufferSize)
-    : portsFolder_(portsFolder) {
+SerialPortAdapter::SerialPortAdapter(PortFinder findPort, int inBufferSize)
+    : findPort_(std::move(findPort)) {
     port_.setReadBufferSize(inBufferSize);
     hangUpWatch_.setInterval(HangUpWatchMilliseconds);
     QObject::connect(&hangUpWatch_, &QTimer::timeout, &hangUpWatch_, [this] {
@@ -141,7 +143,7 @@ Error SerialPortAdapter::OpenPort() {
         return found_.name + " is open already: a transfer is running.";
     }
     ClosePort();
-    if (Error error = FindPort(commPort_, portsFolder_, found_)) {
+    if (Error error = findPort_(commPort_, found_)) {
         return error;
     }
     port_.setPortName(QString::fromStdString(found_.device));
@@ -172,6 +174,10 @@ Error SerialPortAdapter::WhyNotOpened() const {
         default:
             return found_.name + " cannot be opened: " + port_.errorString().toStdString() + ".";
     }
+}
+
+Error SerialPortAdapter::WhyClosed() const {
+    return lost_ ? LostPortSentence(found_.name) : found_.name + " is not open.";
 }
 
 void SerialPortAdapter::Connect() {
@@ -223,8 +229,7 @@ void SerialPortAdapter::ClosePort() {
 
 Error SerialPortAdapter::Output(std::string_view characters) {
     if (!PortOpen()) {
-        return lost_ ? found_.name + " has gone away. Is its adapter still connected?"
-                     : found_.name + " is not open.";
+        return WhyClosed();
     }
     const auto count = static_cast<qint64>(characters.size());
     if (!HasRoom(count)) {
@@ -241,10 +246,18 @@ void SerialPortAdapter::WaitForRoom(int characters) {
     WaitWhile([this, characters] { return !HasRoom(characters); });
 }
 
-void SerialPortAdapter::Drain() {
+Error SerialPortAdapter::Drain() {
     const double seconds = 2 * Unsent() * secondsPerCharacter_ + DrainSlackSeconds;
     const QDeadlineTimer deadline(static_cast<qint64>(seconds * 1000));
     WaitWhile([this, &deadline] { return Unsent() > 0 && !deadline.hasExpired(); });
+    if (!PortOpen()) {
+        return WhyClosed();
+    }
+    if (HungUp(Device(port_))) {
+        return LostPortSentence(found_.name);  // what the system had queued is gone
+    }
+    return Unsent() > 0 ? Error(found_.name + " has not sent everything: the line stands still.")
+                        : Error();
 }
 
 bool SerialPortAdapter::HasRoom(qint64 characters) {
@@ -274,8 +287,8 @@ void SerialPortAdapter::WaitWhile(const std::function<bool()>& condition) {
 
 }  // namespace
 
-std::unique_ptr<SerialControl> MakeSerialControl(const std::string& portsFolder, int inBufferSize) {
-    return std::make_unique<SerialPortAdapter>(portsFolder, inBufferSize);
+std::unique_ptr<SerialControl> MakeSerialControl(PortFinder findPort, int inBufferSize) {
+    return std::make_unique<SerialPortAdapter>(std::move(findPort), inBufferSize);
 }
 
 }  // namespace varno

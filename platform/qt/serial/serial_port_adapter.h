@@ -2,14 +2,13 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
+#include "platform/serial/port_numbers.h"
 #include "platform/serial/serial_control.h"
 
 namespace varno {
 
-// `portsFolder` may hold links named COM<n> that say which device is which port.
 // `inBufferSize` characters can wait to be read; more wait in the system's own buffers.
-std::unique_ptr<SerialControl> MakeSerialControl(const std::string& portsFolder, int inBufferSize);
+std::unique_ptr<SerialControl> MakeSerialControl(PortFinder findPort, int inBufferSize);
 
 }  // namespace varno
