@@ -57,6 +57,17 @@ install(
     FILES_MATCHING PATTERN "*.VRB" PATTERN "*.VRT"
 )
 
+set(completion ${made}/completion)
+add_custom_command(
+    OUTPUT ${completion}
+    COMMAND varno-tickets completion > ${completion}
+    DEPENDS varno-tickets
+    VERBATIM
+)
+add_custom_target(completion DEPENDS ${completion})
+add_dependencies(installed completion)
+install(FILES ${completion} DESTINATION share/bash-completion/completions RENAME varno-tickets)
+
 # Manual pages and the log of changes are packed; -n keeps the time out, so builds repeat.
 function(install_packed source destination)
     cmake_path(GET source FILENAME name)

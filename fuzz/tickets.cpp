@@ -15,6 +15,7 @@ namespace varno {
 namespace {
 
 constexpr const char* Words[] = {
+    "new",           "text", "build",   "diff",  "merge",   "textconv",   "--json", "--help",
     "list",          "show", "print",   "check", "extract", "put",        "delete", "bind",
     "block.VRB",     "200",  "new.VRB", "999",   "none",    "ticket.VRT", "--",     "ticket.vrt",
     "--catalogues",  "-f",   "--force", "Print", "-",       "-h",         "s",      "out.VRT",

@@ -53,8 +53,7 @@ def main(tool, folder=None):
     block.unlink(missing_ok=True)
 
     def run(command, *operands):
-        subprocess.run([tool, "--force", "--catalogues", here, command, block, *operands],
-                       check=True)
+        subprocess.run([tool, command, "--force", block, *operands], check=True)
 
     with tempfile.TemporaryDirectory() as scratch:
         for number, options, lines in tickets((here / "Plant.txt").read_text("utf-8")):
@@ -63,7 +62,7 @@ def main(tool, folder=None):
             run("put", number, ticket)
             for option in options:
                 if option.endswith(".VRT"):
-                    run("extract", number, folder / option)
+                    run("extract", number, folder / option, "--catalogues", here)
                 else:
                     run("bind", number, option)
 

@@ -13,7 +13,7 @@ if [[ $# -eq 0 ]]; then
 fi
 
 scripts/install.sh build fuzz
-scripts/build.sh fuzz
+scripts/build.sh fuzz fuzzers
 mkdir -p build/fuzz/findings
 [[ ! -d /dev/shm ]] || export TMPDIR=/dev/shm
 status=0

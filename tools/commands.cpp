@@ -17,6 +17,9 @@
 #include "platform/files.h"
 #include "platform/rtf/rtf_reader.h"
 #include "platform/rtf/rtf_writer.h"
+#include "tools/help.h"
+#include "tools/json.h"
+#include "tools/line_commands.h"
 #include "tools/opened_block.h"
 #include "tools/print.h"
 #include "tools/refusal.h"
@@ -88,17 +91,39 @@ void RequireChangeable(const Request& request, const OpenedBlock& file) {
     }
 }
 
+// Of the keys that print the ticket.
+std::vector<std::string> KeyNamesOf(const TicketBlock& block, int number) {
+    std::vector<std::string> names;
+    for (std::size_t key = 0; key < KeyCount; ++key) {
+        if (block.KeyTicket[key] == number) {
+            names.emplace_back(KeyNames[key]);
+        }
+    }
+    return names;
+}
+
+void TellScripts(const OpenedBlock& file) {
+    std::vector<JsonObject> tickets;
+    for (const int number : file.Numbers()) {
+        tickets.push_back(
+            JsonObject().Add("number", number).Add("keys", KeyNamesOf(file.Block, number)));
+    }
+    std::cout << JsonObject().Add("tickets", tickets).Text() << '\n';
+}
+
+void TellPeople(const OpenedBlock& file) {
+    for (const int number : file.Numbers()) {
+        std::string row = std::to_string(number);
+        for (const std::string& key : KeyNamesOf(file.Block, number)) {
+            row += (row.size() > CodeDigits ? " " : "  ") + key.substr(0, 1);
+        }
+        std::cout << row << '\n';
+    }
+}
+
 void List(const Request& request) {
     const OpenedBlock file(request.operands[0]);
-    for (const int number : file.Numbers()) {
-        std::string row = std::to_string(number) + " ";
-        for (int key = 0; key < KeyCount; ++key) {
-            if (file.Block.KeyTicket[static_cast<std::size_t>(key)] == number) {
-                row += std::string(" ") + KeyLetter(key);
-            }
-        }
-        std::cout << row.substr(0, row.find_last_not_of(' ') + 1) << '\n';
-    }
+    request.json ? TellScripts(file) : TellPeople(file);
     TellDamage(request, file);
 }
 
@@ -122,20 +147,45 @@ void Print(const Request& request) {
     TellDamage(request, file);
 }
 
-void Check(const Request& request) {
-    const std::string& path = request.operands[0];
+struct Findings {
+    std::string path;
+    std::vector<std::string> faults;
+    std::size_t tickets;
+    int freeWords;
+};
+
+Findings FindingsOf(const std::string& path) {
     const std::string bytes = Contents(path, MostBlockFileBytes);
-    const std::vector<std::string> faults = FaultsInBlockFile(bytes);
-    for (const std::string& fault : faults) {
-        std::cout << path << ": " << fault << '\n';
-    }
-    if (!faults.empty()) {
-        throw Refusal(Ending::FaultFound, path + ": the block is damaged");
-    }
     TicketBlock block{.TicketBuffer = ImageIn(bytes)};
     block.LocateEndMarker();
-    std::cout << path << ": sound; tickets: " << block.Tickets().size()
-              << ", free words: " << block.BufferFree / WordDigits << '\n';
+    return {path, FaultsInBlockFile(bytes), block.Tickets().size(), block.BufferFree / WordDigits};
+}
+
+void TellScripts(const Findings& found) {
+    JsonObject answer;
+    answer.Add("block", found.path).Add("sound", found.faults.empty()).Add("faults", found.faults);
+    if (found.faults.empty()) {
+        answer.Add("tickets", found.tickets).Add("freeWords", found.freeWords);
+    }
+    std::cout << answer.Text() << '\n';
+}
+
+void TellPeople(const Findings& found) {
+    for (const std::string& fault : found.faults) {
+        std::cout << found.path << ": " << fault << '\n';
+    }
+    if (found.faults.empty()) {
+        std::cout << found.path << ": sound; tickets: " << found.tickets
+                  << ", free words: " << found.freeWords << '\n';
+    }
+}
+
+void Check(const Request& request) {
+    const Findings found = FindingsOf(request.operands[0]);
+    request.json ? TellScripts(found) : TellPeople(found);
+    if (!found.faults.empty()) {
+        throw Refusal(Ending::FaultFound, found.path + ": the block is damaged");
+    }
 }
 
 void Extract(const Request& request) {
@@ -190,26 +240,51 @@ void Bind(const Request& request) {
 }
 
 constexpr Subcommand AllCommands[] = {
-    {"list", "BLOCK", "list the tickets and the letters of their keys", List},
-    {"show", "BLOCK NUMBER", "show a ticket as text", Show},
-    {"print", "BLOCK NUMBER", "show a ticket as it is printed, with sample values", Print},
-    {"check", "BLOCK", "tell what is wrong with a block file", Check},
-    {"extract", "BLOCK NUMBER TICKET", "write a ticket of the block into a ticket file", Extract},
-    {"put", "BLOCK NUMBER TICKET", "put a ticket file into the block, made if missing", Put},
-    {"delete", "BLOCK NUMBER", "take a ticket out of the block", Delete},
-    {"bind", "BLOCK NUMBER KEY", "let Print, Start, In, Out or none print the ticket", Bind},
-    {"new", "BLOCK", "make a block without tickets", New},
-    {"text", "BLOCK [NUMBER]", "write the block, or one ticket, as text that can be edited", Text},
-    {"build", "TEXT BLOCK", "make the block of a text", Build},
-    {"diff", "BLOCK BLOCK", "tell what differs between two blocks or texts", Diff},
-    {"merge", "BASE OURS THEIRS", "put into OURS what both sides made of BASE", MergeBlocks},
-    {"textconv", "BLOCK", "show the block, even a damaged one, to version control", Textconv},
+    {"list", "BLOCK", "--force --json", "list the tickets and the letters of their keys", List},
+    {"show", "BLOCK NUMBER", "--catalogues --force", "show a ticket as text", Show},
+    {"print", "BLOCK NUMBER", "--catalogues --force --svg --values --width",
+     "show a ticket as it is printed, with sample values", Print},
+    {"check", "BLOCK", "--json", "tell what is wrong with a block file", Check},
+    {"extract", "BLOCK NUMBER TICKET", "--catalogues --force",
+     "write a ticket of the block into a ticket file", Extract},
+    {"put", "BLOCK NUMBER TICKET", "--force", "put a ticket file into the block, made if missing",
+     Put},
+    {"delete", "BLOCK NUMBER", "--force", "take a ticket out of the block", Delete},
+    {"bind", "BLOCK NUMBER KEY", "--force", "let Print, Start, In, Out or none print the ticket",
+     Bind},
+    {"new", "BLOCK", "--force", "make a block without tickets", New},
+    {"text", "BLOCK [NUMBER]", "--catalogues --comments",
+     "write the block, or one ticket, as text that can be edited", Text},
+    {"build", "TEXT BLOCK", "--force", "make the block of a text", Build},
+    {"diff", "BLOCK BLOCK", "--catalogues --json --port --settings --wait",
+     "tell what differs between two blocks, texts or ports", Diff},
+    {"merge", "BASE OURS THEIRS", "", "put into OURS what both sides made of BASE", MergeBlocks},
+    {"textconv", "BLOCK", "--catalogues", "show the block, even a damaged one, to version control",
+     Textconv},
+    {"ports", "[DEVICE]", "--force --json --link --unlink", "list the serial ports, or link one",
+     Ports},
+    {"receive", "BLOCK", "--backup --force --port --settings --wait",
+     "receive the block of the indicator", Receive},
+    {"send", "BLOCK", "--backup --port --settings --wait", "send the block to the indicator", Send},
+    {"verify", "BLOCK", "--catalogues --json --port --settings --wait",
+     "tell what differs between the block and the indicator", Verify},
+    {"completion", "", "", "write what bash needs to complete all this", Completion},
 };
 
 }  // namespace
 
 std::span<const Subcommand> Commands() {
     return AllCommands;
+}
+
+const Subcommand& CommandNamed(const std::string& name) {
+    const auto* const found =
+        std::find_if(std::begin(AllCommands), std::end(AllCommands),
+                     [&](const Subcommand& command) { return command.name == name; });
+    if (found == std::end(AllCommands)) {
+        throw Refusal(Ending::WrongUsage, "there is no command \"" + name + "\"");
+    }
+    return *found;
 }
 
 int TicketNumber(const std::string& text) {
@@ -219,12 +294,16 @@ int TicketNumber(const std::string& text) {
     return std::stoi(text);
 }
 
-void DeliverNew(const Request& request, const std::string& path, std::string_view bytes) {
+void RequireNew(const Request& request, const std::string& path) {
     std::error_code unreachable;  // writing says why
     if (!request.force && !IsStandardOutput(path) &&
         std::filesystem::is_regular_file(path, unreachable)) {
         throw Refusal(Ending::CouldNot, path + " exists already; --force replaces it");
     }
+}
+
+void DeliverNew(const Request& request, const std::string& path, std::string_view bytes) {
+    RequireNew(request, path);
     Deliver(path, bytes);
 }
 

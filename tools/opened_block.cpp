@@ -12,12 +12,6 @@ namespace {
 
 constexpr std::size_t ChunkBytes = 1 << 16;
 
-void Require(const Error& error) {
-    if (error) {
-        throw Refusal(Ending::CouldNot, *error);
-    }
-}
-
 std::string StandardInput(std::size_t most) {
     std::string bytes;
     std::string chunk(ChunkBytes, '\0');

@@ -57,7 +57,7 @@ void PrintBody(const Request& request, std::span<const Word> body) {
     if (!request.svgFile.empty()) {
         return DeliverNew(request, request.svgFile, PaperSvg(paper));
     }
-    std::cout << (OutputIsTerminal() ? TerminalText(paper) : PaperText(paper));
+    std::cout << (OnTerminal(Stream::Output) ? TerminalText(paper) : PaperText(paper));
 }
 
 }  // namespace varno

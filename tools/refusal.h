@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/error.h"
+
 namespace varno {
 
 // How the program ends.
@@ -19,5 +21,11 @@ struct Refusal : std::runtime_error {
     Refusal(Ending how, const std::string& text) : runtime_error(text), ending(how) {}
     Ending ending;
 };
+
+inline void Require(const Error& error, Ending ending = Ending::CouldNot) {
+    if (error) {
+        throw Refusal(ending, *error);
+    }
+}
 
 }  // namespace varno

@@ -3,13 +3,14 @@
 #include <iostream>
 #include <variant>
 
-#include "block/block_compare.h"
 #include "block/block_file.h"
 #include "block/block_text.h"
 #include "block/image.h"
 #include "codec/catalogue.h"
 #include "codec/utf8.h"
 #include "platform/files.h"
+#include "tools/json.h"
+#include "tools/line_commands.h"
 #include "tools/opened_block.h"
 #include "tools/refusal.h"
 
@@ -62,6 +63,16 @@ ReadBlock BlockIn(const std::string& givenPath) {
     return {ContentOf(image), false};
 }
 
+// The same, or the one of the indicator at a port.
+ReadBlock BlockAt(const Request& request, const std::string& operand) {
+    if (!IsPort(operand)) {
+        return BlockIn(operand);
+    }
+    Request toPort = request;
+    toPort.port = operand;
+    return {ContentOf(ReceivedImage(toPort)), false};
+}
+
 }  // namespace
 
 void Text(const Request& request) {
@@ -102,10 +113,25 @@ void Textconv(const Request& request) {
 
 void Diff(const Request& request) {
     const auto& names = request.operands;
-    const auto differences = Differences(BlockIn(names[0]).content, BlockIn(names[1]).content,
-                                         {names[0], names[1]}, Comments(request));
-    for (const std::string& line : differences) {
-        std::cout << line << '\n';
+    TellDifferences(request, BlockAt(request, names[0]).content, BlockAt(request, names[1]).content,
+                    {names[0], names[1]});
+}
+
+void TellDifferences(const Request& request, const BlockContent& first, const BlockContent& second,
+                     const BlockNames& names) {
+    const auto differences = Differences(first, second, names, Comments(request));
+    if (request.json) {
+        std::cout << JsonObject()
+                         .Add("first", names.first)
+                         .Add("second", names.second)
+                         .Add("equal", differences.empty())
+                         .Add("differences", differences)
+                         .Text()
+                  << '\n';
+    } else {
+        for (const std::string& line : differences) {
+            std::cout << line << '\n';
+        }
     }
     if (!differences.empty()) {
         throw Refusal(Ending::FaultFound, "");

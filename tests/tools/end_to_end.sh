@@ -136,6 +136,10 @@ expect 2 "varno-tickets: there is no command \"open\"$usage" open block.VRB
 expect 2 "varno-tickets: \"x\" is no ticket number$usage" show block.VRB x
 expect 2 "varno-tickets: a ticket number lies between 200 and 999$usage" put block.VRB 199 AB.VRT
 expect 2 "varno-tickets: put takes BLOCK NUMBER TICKET$usage" put block.VRB 212
+expect 2 "varno-tickets: list takes no --svg$usage" list block.VRB --svg=x
+expect 2 "varno-tickets: --width takes COLUMNS$usage" print block.VRB 212 --width
+expect 2 "varno-tickets: --force takes nothing$usage" --force=x list block.VRB
+expect 2 "varno-tickets: there is no option \"-v\"$usage" -v
 
 # The samples are what their source gives.
 "$samples/make_samples.py" "$tool" .
