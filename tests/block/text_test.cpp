@@ -219,18 +219,18 @@ BlockContent Block(std::string_view order,
 TEST(Differences, AreToldInWords) {
     const CodeComment comment = [](Word) { return "BOLD ON"; };
     const BlockContent a =
-        Block("212:P 300 400", {{212, "x¬\n|y¬\n|z"}, {300, "{C017}"}, {400, ""}});
+        Block("212:P 300 400", {{212, "x¬\n|y¬\n|w¬\n|p¬\n|z"}, {300, "{C017}"}, {400, ""}});
     const BlockContent b =
-        Block("300:S 212 500", {{212, "x¬\n|Y¬\n|z"}, {300, "{C018}"}, {500, ""}});
+        Block("300:S 212 500", {{212, "w¬\n|x¬\n|y¬\n|P¬\n|z"}, {300, "{C018}"}, {500, ""}});
     EXPECT_EQ(
         Differences(a, b, {"old", "new"}, comment),
-        (std::vector<std::string>{"ticket 212 differs:", "  - y¬", "  + Y¬",
+        (std::vector<std::string>{"ticket 212 differs:", "  + w¬", "  - w¬", "  - p¬", "  + P¬",
                                   "ticket 300 differs:", "  - {C017 BOLD ON}", "  + {C018 BOLD ON}",
                                   "ticket 400 is only in old", "ticket 500 is only in new",
                                   "key Print prints 212 in old, none in new",
                                   "key Start prints none in old, 300 in new"}));
     const BlockContent reordered =
-        Block("400 300 212:P", {{212, "x¬\n|y¬\n|z"}, {300, "{C017}"}, {400, ""}});
+        Block("400 300 212:P", {{212, "x¬\n|y¬\n|w¬\n|p¬\n|z"}, {300, "{C017}"}, {400, ""}});
     EXPECT_TRUE(Differences(a, reordered, {"old", "new"}).empty());
 }
 

@@ -1,0 +1,57 @@
+// The tutorial: read when its window is first shown, and again after that was closed or failed.
+#include "app/tutorial.h"
+
+#include <gtest/gtest.h>
+
+#include <QTimer>
+
+#include "tests/window/real_window.h"
+
+namespace varno {
+namespace {
+
+class TutorialTest : public WindowTest {
+  protected:
+    TutorialTest() : WindowTest(Catalogues::InFolder) {}
+
+    void Write(const std::string& document) {
+        WriteText(folder.Path(TutorialName), "{\\rtf1 " + document + "}");
+    }
+    // The text that is shown until the window is left; "none" if there is no window.
+    QString ShownUntil(const std::function<void(QWidget&)>& leave) {
+        QString text = "none";
+        QTimer::singleShot(0, [&] {
+            if (QWidget* shown = QApplication::activeModalWidget()) {
+                text = shown->findChild<QTextEdit*>("RichTextBox1")->toPlainText();
+                leave(*shown);
+            }
+        });
+        window.Choose("ShowTutorial");
+        QCoreApplication::processEvents();
+        return text;
+    }
+};
+
+TEST_F(TutorialTest, IsReadAgainWhenItWasClosedOrUnreadable) {
+    const auto exit = [](QWidget& shown) {
+        shown.findChild<QAbstractButton*>("ExitButton")->click();
+    };
+    const auto close = [](QWidget& shown) { shown.close(); };
+    int messages = 0;
+    window.platform.dialogs.Listen([&messages](const Message& message) {
+        EXPECT_NE(message.text.find(TutorialName), std::string::npos);
+        ++messages;
+    });
+    EXPECT_EQ(ShownUntil(exit), "none");
+    EXPECT_EQ(ShownUntil(exit), "none");
+    EXPECT_EQ(messages, 2);
+    Write("first");
+    EXPECT_EQ(ShownUntil(exit), "first");
+    Write("second");
+    EXPECT_EQ(ShownUntil(close), "first");
+    EXPECT_EQ(ShownUntil(close), "second");
+    EXPECT_EQ(messages, 2);
+}
+
+}  // namespace
+}  // namespace varno
