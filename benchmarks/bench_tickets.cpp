@@ -42,6 +42,7 @@ int main() {
     const auto folder = std::filesystem::canonical("/proc/self/exe").parent_path();
     for (const char* command : {"list", "check"}) {
         std::vector<double> times;
+        times.reserve(varno::Rounds);
         for (int round = 0; round < varno::Rounds; ++round) {
             times.push_back(
                 varno::ProcessorTime(folder / "varno-tickets", command, VARNO_SAMPLE_BLOCK));
