@@ -200,6 +200,36 @@ TEST_F(MainLook, ControlsDoNotOverlap) {
     }
 }
 
+TEST_F(MainLook, ControlsFollowTheWindow) {
+    struct {
+        const char* control;
+        QRect atTheSmallest;
+        QRect larger;
+    } const table[] = {
+        {"Message", {8, 4, 488, 17}, {8, 4, 588, 17}},
+        {"TicketName", {12, 24, 274, 13}, {12, 24, 374, 13}},
+        {"RichText", {8, 40, 362, 279}, {8, 40, 462, 428}},
+        {"Frame1", {373, 40, 53, 69}, {473, 40, 53, 69}},
+        {"Frame2", {373, 112, 53, 157}, {473, 112, 53, 157}},
+        {"ListName", {463, 24, 31, 13}, {563, 24, 31, 13}},
+        {"TicketList", {429, 40, 65, 227}, {529, 40, 65, 377}},
+        {"UploadButton", {424, 274, 37, 45}, {524, 423, 37, 45}},
+        {"DownloadButton", {464, 274, 37, 45}, {564, 423, 37, 45}},
+    };
+    for (const bool larger : {false, true}) {
+        const int step = larger ? 15 : 0;
+        window.form.MainWindow().SetOuterPlace(
+            {0, 0, MinimumWidth + 100 * step, MinimumHeight + 150 * step});
+        QApplication::processEvents();
+        for (const auto& row : table) {
+            const QRect place = window.Widget<QWidget>(row.control)->geometry();
+            EXPECT_EQ(place, larger ? row.larger : row.atTheSmallest)
+                << row.control << ": {" << place.x() << ", " << place.y() << ", " << place.width()
+                << ", " << place.height() << "}";
+        }
+    }
+}
+
 TEST_F(MainLook, LongLinesDoNotWrap) {
     window.TypeTicket(QString(300, u'x'));
     EXPECT_EQ(window.Widget<QTextEdit>("RichText")->document()->lineCount(), 1);

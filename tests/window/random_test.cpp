@@ -22,39 +22,6 @@
 namespace varno {
 namespace {
 
-// What the rules of marked text say a ticket means, word by word.
-std::string RecordOf(const MarkedText& ticket, int number) {
-    std::string record = WordHex(static_cast<Word>(0x0800 + number));
-    for (std::size_t i = 0; i < ticket.Length(); ++i) {
-        const char16_t c = ticket.At(i);
-        const Colour colour = ticket.FormatAt(i).colour;
-        if (colour == TextColour) {
-            if (c == u'¬') {
-                record += "000D000A";
-            } else if (c >= u' ') {
-                record += WordHex(c == u'÷' ? u' ' : c);
-            }
-            continue;
-        }
-        const bool ascii = colour == AsciiCodeColour && c == u'A';
-        const bool control = colour == ControlCodeColour && c == u'C';
-        if (!ascii && !control && !(colour == PrintCodeColour && c == u'P')) {
-            continue;
-        }
-        int value = 0;
-        for (int digits = 0; i + 1 < ticket.Length() && (digits < 3 || !ascii) &&
-                             ticket.FormatAt(i + 1).colour == colour && ticket.At(i + 1) >= u'0' &&
-                             ticket.At(i + 1) <= u'9';
-             ++digits) {
-            value = std::min(2048, value * 10 + ticket.At(++i) - u'0');
-        }
-        if (value < 2048) {
-            record += WordHex(static_cast<Word>((ascii ? 0 : control ? 0x2000 : 0x4000) + value));
-        }
-    }
-    return record + "1000";
-}
-
 struct Model {
     struct Ticket {
         int number;
@@ -251,7 +218,7 @@ class RandomWork {
             }
         }
         hasBlock_ = true;
-        const std::string record = RecordOf(box_.Content(), number);
+        const std::string record = EncodeTicket(box_.Content(), number);
         if (model_.Used() + record.size() > 7980) {
             ++refused;
             return dialogs.Expect({"too big", ApplicationTitle, Buttons::Ok, Icon::None},
