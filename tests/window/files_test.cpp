@@ -172,7 +172,7 @@ TEST_F(FileMenu, OpensWhatCanBeOpened) {
 // Any content and any length of a block file is read without harm, and can be put into.
 TEST_F(FileMenu, SurvivesAnyBlockFile) {
     std::string noise;
-    for (int i = 0; i < 200000; ++i) {
+    for (unsigned i = 0; i < 200000; ++i) {
         noise += static_cast<char>(i * i % 253 + 1);
     }
     const std::string contents[] = {"",
