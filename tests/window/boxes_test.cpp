@@ -1,6 +1,7 @@
 // The real boxes: what keys and the close box answer, which file a typed name means.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
