@@ -15,6 +15,7 @@ TOOL = os.path.realpath(sys.argv[1])
 PLANT = os.path.join(os.path.realpath(sys.argv[2]), "Plant.VRB")
 START = "Start TICKET BUFFER TRANSMISSION in Varno now! (parameter 77)"
 PATIENCE = 120  # seconds after which a program hangs
+PAUSE = 3  # seconds in which even a busy machine moves a character
 
 
 def same(got, expected, about=""):
@@ -111,7 +112,7 @@ def keeps_what_came_before_it_stood_still():
     for offset in 0, 1, 4096, 8006, 8007, 8008:
         with Indicator() as indicator:
             stall = f"stall {offset}"
-            code, said = transfer(indicator, "receive", "new.VRB", "--wait=1", tell=(stall, "77"))
+            code, said = transfer(indicator, "receive", "new.VRB", f"--wait={PAUSE}", tell=(stall, "77"))
             same(code, 3 if offset == 0 else 1 if offset < 8007 else 0, stall + said)
             kept = "new.VRB" if code == 0 else "new damaged.VRB"
             same([name for name in os.listdir(".") if name.startswith("new")], [kept] if offset else [], stall)
@@ -129,14 +130,14 @@ def keeps_what_came_before_the_cable_was_pulled():
     for offset in 0, 1, 4096, 8006, 8008:
         with Indicator() as indicator:
             cut = f"cut {offset}"
-            code, said = transfer(indicator, "receive", "new.VRB", tell=("speed 115200", cut, "77"))
+            code, said = transfer(indicator, "receive", "new.VRB", tell=("speed 38400", cut, "77"))
             assert code == 1 or (code == 3 and offset < 2) or (code == 0 and offset == 8008), cut + said
             assert os.path.exists("new.VRB") == (code == 0), cut
             if code != 0:
                 assert "has gone away. Is its adapter still connected?" in said, cut + said
             if code == 1:
                 came = contents("new damaged.VRB").removesuffix(b"\r\n")
-                assert contents(PLANT)[:offset].startswith(came) and len(came) > offset - 2000, cut
+                assert contents(PLANT)[:offset].startswith(came), cut
                 os.remove("new damaged.VRB")
             elif code == 0:
                 os.remove("new.VRB")
@@ -150,7 +151,7 @@ def tells_what_was_not_sent():
                 about = f"{fault} {offset}"
                 indicator.tell("speed 115200", "78", about, "list")
                 indicator.hear("^200")  # it has understood
-                code, said = Tool("send", PLANT, "--wait=1").end()
+                code, said = Tool("send", PLANT, f"--wait={PAUSE}").end()
                 same(code, 3, about + said)
 
 
