@@ -27,7 +27,7 @@ class ScriptedLine final : public SerialControl {
     Error SetSettings(const std::string& settings) override { return real_->SetSettings(settings); }
     bool PortOpen() const override { return open_; }
     Error OpenPort() override {
-        const Error error = open_ ? "already open" : openError;
+        Error error = open_ ? "already open" : openError;
         open_ = open_ || !error;
         return error;
     }

@@ -187,7 +187,7 @@ TEST_F(Transfers, DownloadSendsItsBlockWhateverHappensMeanwhile) {
 }
 
 TEST_F(Transfers, AbortEndsADownloadAtOnceUnderItsProgress) {
-    DownloadWith([this] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
+    DownloadWith([] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); });
     EXPECT_TRUE(line.sent == Image.substr(0, 1000));
     EXPECT_TRUE(painted.Has(TransmittingText(100)));
     EXPECT_EQ(window.Offered(), "RUSTDablpex0123");
