@@ -19,6 +19,7 @@ struct FileCommands::Kind {
 
 const FileCommands::Kind FileCommands::TicketKind{"VRT", "Varno Ticket|*.VRT"};
 const FileCommands::Kind FileCommands::BlockKind{"VRB", "Varno ticket block|*.VRB"};
+const FileCommands::Kind FileCommands::PdfKind{"pdf", "PDF document|*.pdf"};
 
 namespace {
 
@@ -136,6 +137,12 @@ void FileCommands::SaveList_Click() {
     ShowName(controls_.ListName, chosen->fileTitle, BlockKind.extension);
     state_.folders.SaveListFolder = FolderOf(chosen->fileName, chosen->fileTitle);
     state_.block.BlockChanged = false;
+}
+
+void FileCommands::SavePdfAs(const std::string& name, const std::string& bytes) {
+    if (const auto chosen = ChooseNewFile(PdfKind, state_.folders.SaveTicketFolder, name)) {
+        Write(chosen->fileName, bytes);
+    }
 }
 
 // Nothing when the dialog was cancelled. No to overwriting opens the dialog again.

@@ -34,6 +34,9 @@ class FileCommands {
     void LoadList_Click();
     void SaveList_Click();
 
+    // Asks where to save a document of this name and saves it.
+    void SavePdfAs(const std::string& name, const std::string& bytes);
+
     // The unsaved-changes questions, with Yes and No; asked only while there is something to lose.
     void AskToSaveTicket();
     void AskToSaveBlock();
@@ -47,6 +50,7 @@ class FileCommands {
     struct Kind;
     static const Kind TicketKind;
     static const Kind BlockKind;
+    static const Kind PdfKind;
 
     std::optional<ChosenFile> ChooseNewFile(const Kind& kind, const std::string& folder,
                                             const std::string& name);

@@ -29,7 +29,10 @@ Form1::Form1(Platform& platform)
       timer1_(window_->Get<Timer>("Timer1")),
       catalogues_(CataloguesIn(platform.App().folder)),
       commandStates_(*window_),
-      announce_([this](CommandEvent event) { commandStates_.On(event); }),
+      announce_([this](CommandEvent event) {
+          commandStates_.On(event);
+          preview_.On(event);
+      }),
       files_({.RichText = controls_.RichText,
               .TicketList = controls_.TicketList,
               .TicketNumber = controls_.TicketNumber,
@@ -58,11 +61,20 @@ Form1::Form1(Platform& platform)
                 transfer_, announce_),
       serialSettings_(*msComm1_, platform.DialogBoxes()),
       terminal_(platform, *msComm1_),
-      tutorial_(platform) {
+      tutorial_(platform),
+      preview_(platform,
+               {.window = *window_,
+                .RichText = controls_.RichText,
+                .TicketList = controls_.TicketList,
+                .block = state_.block,
+                .caretPlaced = [this] { editor_.RichText_Click(); },
+                .savePdf = [this](const std::string& name,
+                                  const std::string& bytes) { files_.SavePdfAs(name, bytes); }}) {
     ConnectFiles();
     ConnectBlock();
     ConnectEditor();
     ConnectLink();
+    ConnectPreview();
     ConnectWindow();
 }
 
@@ -143,6 +155,11 @@ void Form1::ConnectLink() {
     Menu("OpenTerminalWindow").OnClick = [this] { terminal_.OpenTerminalWindow_Click(); };
     TheButton("UploadButton").OnClick = [this] { upload_.UploadButton_Click(); };
     TheButton("DownloadButton").OnClick = [this] { download_.DownloadButton_Click(); };
+}
+
+void Form1::ConnectPreview() {
+    controls_.RichText.OnSelChange = [this] { preview_.RichText_SelChange(); };
+    Menu("ShowPreview").OnClick = [this] { preview_.ShowPreview_Click(); };
 }
 
 void Form1::ConnectWindow() {

@@ -19,6 +19,7 @@
 #include "link/transfer.h"
 #include "link/upload.h"
 #include "platform/platform.h"
+#include "preview/preview.h"
 
 namespace varno {
 
@@ -42,6 +43,7 @@ class Form1 {
     void ConnectBlock();
     void ConnectEditor();
     void ConnectLink();
+    void ConnectPreview();
     void ConnectWindow();
     void OpenFileOfCommandLine();
 
@@ -72,6 +74,7 @@ class Form1 {
     SerialSettingsCommand serialSettings_;
     Terminal terminal_;
     Tutorial tutorial_;
+    Preview preview_;
 };
 
 }  // namespace varno

@@ -155,12 +155,21 @@ constexpr std::array Layout{
     LayoutRow{"Frame2", Measure::Left, -2130},
 };
 
+constexpr std::array<std::string_view, 2> EditorAndList{"RichText", "TicketList"};
+constexpr std::array ContextItems{
+    ContextItemDesign{.name = "ShowPreview",
+                      .caption = "Ticket Pre&view",
+                      .key = "F7",
+                      .controls = EditorAndList},
+};
+
 constexpr WindowDesign Design{.name = "Form1",
                               .caption = "Varno Ticket Formatter",
                               .clientWidth = 7605,
                               .clientHeight = 5400,
                               .controls = Controls,
-                              .menus = Menus};
+                              .menus = Menus,
+                              .contextItems = ContextItems};
 
 }  // namespace
 

@@ -132,6 +132,47 @@ void BenchKey(QtRichTextBox& ours) {
         [&] { PressX(&bare); });
 }
 
+// The ticket of BenchKey still stands in the editor. The preview follows only when the typing
+// pauses: no key pays for it. What it then does is weighed against building the text.
+void BenchPreview(Form1& form, QtRichTextBox& ours) {
+    QTextEdit bare;
+    bare.setLineWrapMode(QTextEdit::NoWrap);
+    bare.resize(ours.Get()->size());
+    bare.show();
+    const MarkedText text = ours.Content();
+    const auto build = [&] {
+        QTextCursor cursor(bare.document());
+        cursor.beginEditBlock();
+        cursor.select(QTextCursor::Document);
+        cursor.removeSelectedText();
+        InsertMarked(cursor, text);
+        cursor.endEditBlock();
+    };
+    auto& item = form.MainWindow().Get<MenuItem>("ShowPreview");
+    item.OnClick();
+    auto* preview = ours.Get()->window()->findChild<QWidget*>("Preview");
+    const auto pressWith = [&](bool shown) {
+        preview->setVisible(shown);
+        QApplication::processEvents();
+        return Seconds([&] { PressX(ours.Get()); });
+    };
+    std::vector<double> with;
+    std::vector<double> without;
+    for (int round = 0; round < 301; ++round) {
+        with.push_back(pressWith(true));
+        without.push_back(pressWith(false));
+    }
+    Report("key with the preview open / without", Median(with), Median(without), 1.3);
+    Compare(
+        "preview of it shown anew / build", 9, 1.0,
+        [&] {
+            item.OnClick();
+            QApplication::processEvents();
+        },
+        build);
+    preview->hide();
+}
+
 void BenchPicker(QtPlatform& platform, const Catalogues& catalogues) {
     const auto open = [&] {
         CodePicker picker(platform, ControlCodesList(), catalogues.controlCodes);
@@ -177,6 +218,7 @@ int main(int argc, char** argv) try {
     const varno::Catalogues catalogues = varno::CataloguesIn(path);
     varno::BenchCodec(editor, catalogues);
     varno::BenchKey(editor);
+    varno::BenchPreview(form, editor);
     varno::BenchPicker(platform, catalogues);
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

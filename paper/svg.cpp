@@ -1,10 +1,11 @@
 #include "paper/svg.h"
 
-#include <algorithm>
-#include <span>
+#include <array>
+#include <cstdio>
 #include <string_view>
 
 #include "codec/utf8.h"
+#include "paper/look.h"
 
 namespace varno {
 namespace {
@@ -15,8 +16,6 @@ constexpr int ColumnWidth = 12;
 constexpr int LineHeight = 24;
 constexpr int Baseline = 18;  // below the top of a line
 constexpr int Edge = 20;      // of paper around what is printed
-
-constexpr std::string_view Legend[] = {"Blue: sample values", "Framed: unknown effects"};
 
 std::string Number(int number) {
     return std::to_string(number);
@@ -36,13 +35,6 @@ std::string Escaped(std::u16string_view text) {
     return escaped;
 }
 
-int LinesOf(const PaperRow& row) {
-    if (row.kind == PaperRow::Kind::Feed) {
-        return row.feed;
-    }
-    return row.IsTall() ? 2 : 1;
-}
-
 std::string Element(const std::string& name, const std::string& attributes) {
     return "<" + name + " " + attributes + "/>\n";
 }
@@ -56,94 +48,64 @@ std::string Rectangle(int x, int y, int width, int height) {
            Attribute("width", Number(width)) + Attribute("height", Number(height));
 }
 
+std::string Html(Colour colour) {
+    std::array<char, 8> text{};
+    std::snprintf(text.data(), text.size(), "#%02x%02x%02x", colour & 0xFF, colour >> 8 & 0xFF,
+                  colour >> 16 & 0xFF);
+    return text.data();
+}
+
 std::string Line(int x, int y, int width) {
     return Attribute("x1", Number(x)) + Attribute("x2", Number(x + width)) +
            Attribute("y1", Number(y)) + Attribute("y2", Number(y));
 }
 
-// Cells of one look, side by side.
-struct Run {
-    std::span<const PaperCell> cells;
-    int x;       // of their left side
-    int bottom;  // of their line
-
-    const PaperCell& First() const { return cells.front(); }
-    bool Has(unsigned style) const { return (First().styles & style) != 0; }
-    int Width() const { return static_cast<int>(cells.size()) * First().Columns() * ColumnWidth; }
-    int Height() const { return Has(PaperStyle::DoubleHeight) ? 2 * LineHeight : LineHeight; }
-};
-
-bool Is(const PaperCell& cell, PaperCell::Origin origin) {
-    return cell.origin == origin;
+std::string Fill(Colour colour) {
+    return Attribute("fill", Html(colour));
 }
 
-bool LookAlike(const PaperCell& a, const PaperCell& b) {
-    for (const auto origin : {PaperCell::Origin::Sample, PaperCell::Origin::Box}) {
-        if (Is(a, origin) != Is(b, origin)) {
-            return false;
-        }
-    }
-    return a.styles == b.styles && (!Is(a, PaperCell::Origin::Box) || a.index == b.index);
-}
-
-std::string ColourOf(const Run& run) {
-    if (run.Has(PaperStyle::Inverse)) {
-        return "white";
-    }
-    return Is(run.First(), PaperCell::Origin::Sample) ? "#2255aa" : "black";
+std::string Stroke(Colour colour) {
+    return Attribute("stroke", Html(colour));
 }
 
 // Every character gets its place, so that the columns hold with any font.
-std::string Characters(const Run& run) {
-    std::u16string text;
+std::string Characters(const PaperRun& run, int x, int bottom) {
     std::string places;
-    for (const PaperCell& cell : run.cells) {
-        places += Number(static_cast<int>(text.size()) * ColumnWidth) + " ";
-        text += cell.character;
+    for (std::size_t i = 0; i < run.cells.size(); ++i) {
+        places += Number(static_cast<int>(i) * ColumnWidth) + " ";
     }
-    if (Is(run.First(), PaperCell::Origin::Box)) {
-        // its frame stands for the brackets
-        std::replace_if(
-            text.begin(), text.end(), [](char16_t c) { return c == u'[' || c == u']'; }, u' ');
-    }
-    const int lines = run.Has(PaperStyle::DoubleHeight) ? 2 : 1;
     const std::string transform =
-        "translate(" + Number(run.x) + "," + Number(run.bottom - lines * (LineHeight - Baseline)) +
-        ") scale(" + Number(run.First().Columns()) + "," + Number(lines) + ")";
-    return "<text " + Attribute("transform", transform) + Attribute("x", places) +
-           Attribute("fill", ColourOf(run)) +
+        "translate(" + Number(x) + "," + Number(bottom - run.Lines() * (LineHeight - Baseline)) +
+        ") scale(" + Number(run.First().Columns()) + "," + Number(run.Lines()) + ")";
+    return "<text " + Attribute("transform", transform) + Attribute("x", places) + Fill(run.Ink()) +
            (run.Has(PaperStyle::Bold) ? Attribute("font-weight", "bold") : "") + ">" +
-           Escaped(text) + "</text>\n";
+           Escaped(run.Text()) + "</text>\n";
 }
 
-std::string Picture(const Run& run) {
-    const int top = run.bottom - run.Height();
+std::string Picture(const PaperRun& run, int bottom) {
+    const int x = Edge + run.column * ColumnWidth;
+    const int width = run.Columns() * ColumnWidth;
+    const int height = run.Lines() * LineHeight;
+    const int top = bottom - height;
     std::string picture;
     if (run.Has(PaperStyle::Inverse)) {
-        picture += Element("rect", Rectangle(run.x, top, run.Width(), run.Height()));
+        picture += Element("rect", Rectangle(x, top, width, height));
     }
-    if (Is(run.First(), PaperCell::Origin::Box)) {
-        picture += Element("rect", Rectangle(run.x + 3, top + 2, run.Width() - 6, LineHeight - 4) +
-                                       Attribute("fill", "none") + Attribute("stroke", "#aa0000"));
+    if (run.IsBox()) {
+        picture += Element("rect", Rectangle(x + 3, top + 2, width - 6, LineHeight - 4) +
+                                       Attribute("fill", "none") + Stroke(UnknownColour));
     }
-    picture += Characters(run);
+    picture += Characters(run, x, bottom);
     if (run.Has(PaperStyle::Underline)) {
-        picture += Element(
-            "line", Line(run.x, run.bottom - 2, run.Width()) + Attribute("stroke", ColourOf(run)));
+        picture += Element("line", Line(x, bottom - 2, width) + Stroke(run.Ink()));
     }
     return picture;
 }
 
 std::string Picture(const PaperRow& row, int bottom) {
     std::string picture;
-    int x = Edge + row.indent * ColumnWidth;
-    for (std::size_t begin = 0, end = 0; begin < row.cells.size(); begin = end) {
-        while (end < row.cells.size() && LookAlike(row.cells[begin], row.cells[end])) {
-            ++end;
-        }
-        const Run run = {std::span(row.cells).subspan(begin, end - begin), x, bottom};
-        picture += Picture(run);
-        x += run.Width();
+    for (const PaperRun& run : RunsOf(row)) {
+        picture += Picture(run, bottom);
     }
     return picture;
 }
@@ -168,13 +130,13 @@ std::string PaperSvg(const Paper& paper) {
                                         Attribute("stroke-dasharray", "8 6"));
         }
         if (row.breaks) {
-            rows += Note(Edge + width + 2, y - LineHeight + Baseline, "\u21B5",
-                         Attribute("fill", "#aa0000"));
+            rows += Note(Edge + width + 2, y - LineHeight + Baseline, ToUtf8({&BreakMark, 1}),
+                         Fill(UnknownColour));
         }
     }
     y += Edge;
-    for (const std::string_view line : Legend) {
-        rows += Note(4, y, line, Attribute("font-size", "10") + Attribute("fill", "#666666"));
+    for (const std::string_view line : PaperLegend) {
+        rows += Note(4, y, line, Attribute("font-size", "10") + Fill(NoteColour));
         y += Edge;
     }
     const std::string size =

@@ -4,11 +4,11 @@
 #include <span>
 
 #include "codec/utf8.h"
+#include "paper/look.h"
 
 namespace varno {
 namespace {
 
-constexpr std::u16string_view BreakMark = u"\u21B5";
 constexpr std::u16string_view Scissors = u"\u2702";
 
 // Without the blanks at the end, unless styles in `showing` make them visible.

@@ -154,6 +154,17 @@ class SimpleCombo : public Control {
     std::function<void()> OnScroll;
 };
 
+// A list that opens below its chosen entry. Unless it is empty, one is always chosen.
+class DropDownList : public Control {
+  public:
+    virtual void AddItem(const std::string& text) = 0;
+    virtual void Clear() = 0;
+    virtual int ListIndex() const = 0;  // -1 if it is empty
+    virtual void SetListIndex(int index) = 0;
+
+    std::function<void()> OnClick;  // the user chose an entry
+};
+
 class Timer : public Component {
   public:
     virtual bool Enabled() const = 0;

@@ -26,12 +26,14 @@ enum class ControlKind {
     TextArea,      // many lines, scroll bars, plain text
     RichTextBox,   // the ticket editor
     DocumentView,  // shows a formatted document, read only
+    PaperView,     // shows printed paper, read only
     Button,
     ToggleButton,  // stays pressed
     CheckBox,
     ListBox,
-    SimpleCombo,  // an edit field over a list that is always open
-    Timer,        // invisible; `interval` counts
+    SimpleCombo,   // an edit field over a list that is always open
+    DropDownList,  // a list of which one entry is chosen
+    Timer,         // invisible; `interval` counts
 };
 
 enum class Alignment { Left, Centre, Right };
@@ -77,6 +79,16 @@ struct MenuDesign {
     bool visible = true;
 };
 
+// A command outside the menu bar: an item of the context menus of some controls, with a key that
+// works in the whole window when no control wants it. A context menu opens by mouse, Menu key and
+// Shift+F10, behind what a control has in its own.
+struct ContextItemDesign {
+    std::string_view name;
+    std::string_view caption;
+    std::string_view key;  // such as "F7" or "Ctrl+C"
+    std::span<const std::string_view> controls;
+};
+
 struct WindowDesign {
     std::string_view name;
     std::string_view caption;
@@ -87,6 +99,7 @@ struct WindowDesign {
     bool maximizeButton = true;
     std::span<const ControlDesign> controls;
     std::span<const MenuDesign> menus = {};
+    std::span<const ContextItemDesign> contextItems = {};
 };
 
 // The layout rules use outer measures: the client area plus the frame they were drawn for,

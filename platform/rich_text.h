@@ -27,6 +27,7 @@ class RichTextBox : public Control, public MarkedEditor {
     // A change that would have made the text longer than an editor takes was left out; `why` is for
     // the operator.
     std::function<void(const std::string& why)> OnRefused;
+    std::function<void()> OnSelChange;  // the caret moved, whoever moved it
     std::function<void()> OnClick;
     std::function<void()> OnDblClick;
     std::function<KeyFate(int keyCode, int shift)> OnKeyDown;

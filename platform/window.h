@@ -44,6 +44,7 @@ class Window {
     virtual void Show() = 0;
     // Blocks the program's other windows; returns once the window is hidden or closed.
     virtual void ShowModal() = 0;
+    virtual void Activate() = 0;  // brings it to the front, for the keys to go there
     virtual void Hide() = 0;
     virtual void Close() = 0;  // as its close box does
 

@@ -110,6 +110,14 @@ class Photographer:
             self.shoot(name, tutorial)
             self.close()
 
+    def picture_the_paper(self):
+        """Of three tickets of the block."""
+        for row, ticket in (("212 P", "212"), ("210 O", "210"), ("300", "300")):
+            self.click(row)
+            self.show("Ticket Preview", "F7")
+            self.shoot("preview-" + ticket, tutorial=ticket == "212")
+            self.close()
+
     def picture_the_line(self):
         self.indicator.tell("speed 9600")
         self.show("Warning", "alt+v", "u")
@@ -153,6 +161,7 @@ def picture_all(home, theme, scale):
             photographer = Photographer(program, indicator, theme, scale)
             photographer.picture_block_and_codes()
             photographer.picture_boxes_and_tutorial()
+            photographer.picture_the_paper()
             photographer.picture_the_line()
         finally:
             program.kill()

@@ -2,6 +2,7 @@
 
 #include "platform/qt/document_view.h"
 #include "platform/qt/list_box.h"
+#include "platform/qt/paper_view.h"
 #include "platform/qt/rich_text_box.h"
 #include "platform/qt/simple_combo.h"
 #include "platform/qt/simple_controls.h"
@@ -34,6 +35,8 @@ NewControl MakeControl(const ControlDesign& design, QWidget* parent) {
             return Make<QtRichTextBox>(design, parent);
         case ControlKind::DocumentView:
             return Make<QtDocumentView>(design, parent);
+        case ControlKind::PaperView:
+            return Make<QtPaperView>(design, parent);
         case ControlKind::Button:
             return Make<QtButton>(design, parent);
         case ControlKind::ToggleButton:
@@ -44,6 +47,8 @@ NewControl MakeControl(const ControlDesign& design, QWidget* parent) {
             return Make<QtListBox>(design, parent);
         case ControlKind::SimpleCombo:
             return Make<QtSimpleCombo>(design, parent);
+        case ControlKind::DropDownList:
+            return Make<QtDropDownList>(design, parent);
         case ControlKind::Timer:
             break;
     }

@@ -81,6 +81,7 @@ QtWindow::QtWindow(const WindowDesign& design, QWidget* parent)
     widget_->setObjectName(ToQt(design.name));
     widget_->setWindowTitle(ToQt(design.caption));
     AddControls(design);
+    contextItems_ = std::make_unique<ContextItems>(design.contextItems, *widget_, components_);
     const QSize client(ToPixels(design.clientWidth), ToPixels(design.clientHeight));
     const QSize size = client + QSize(0, MenuBarHeight());
     widget_->resize(size);
@@ -103,6 +104,9 @@ bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
             if (cancelButton_ != nullptr) {
                 cancelButton_->click();
             }
+            return true;
+        }
+        if (watched == widget_.get() && contextItems_->Press(key)) {
             return true;
         }
     } else if (event->type() == QEvent::Resize && watched == client_) {
@@ -275,6 +279,10 @@ void QtWindow::ShowModal() {
     widget_->setAttribute(Qt::WA_Moved);
 }
 
+void QtWindow::Activate() {
+    widget_->raise();
+    widget_->activateWindow();
+}
 void QtWindow::Hide() {
     widget_->hide();
 }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/qt/context_items.h"
 #include "platform/window.h"
 
 class QAbstractButton;
@@ -29,6 +30,7 @@ class QtWindow final : public QObject, public Window {
     bool IsShown() const override { return widget_->isVisible(); }
     void Show() override;
     void ShowModal() override;
+    void Activate() override;
     void Hide() override;
     void Close() override;
     Place CurrentOuterPlace() const override;
@@ -57,6 +59,7 @@ class QtWindow final : public QObject, public Window {
     QWidget* statusStrip_ = nullptr;
     QAbstractButton* cancelButton_ = nullptr;  // pressed by Esc
     int frameHeight_;
+    std::unique_ptr<ContextItems> contextItems_;
 };
 
 }  // namespace varno

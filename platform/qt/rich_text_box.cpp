@@ -49,6 +49,9 @@ QtRichTextBox::QtRichTextBox(const ControlDesign& design, QWidget* parent)
         if (typing_ && typing_->at != Now()) {
             typing_.reset();
         }
+        if (OnSelChange) {
+            OnSelChange();
+        }
     });
     QObject::connect(widget_, &QTextEdit::textChanged, widget_, [this] {
         if (OnChange) {

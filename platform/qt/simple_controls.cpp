@@ -248,6 +248,16 @@ QtTextBox::QtTextBox(const ControlDesign& design, QWidget* parent)
     });
 }
 
+QtDropDownList::QtDropDownList(const ControlDesign& design, QWidget* parent)
+    : QtControl(new Focusable<QComboBox, DropDownList>(this, parent)) {
+    ApplyDesign(design, widget_);
+    QObject::connect(widget_, &QComboBox::activated, widget_, [this] {
+        if (OnClick) {
+            OnClick();
+        }
+    });
+}
+
 QtTimer::QtTimer(const ControlDesign& design) {
     timer_.setInterval(design.interval);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {

@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
@@ -77,6 +78,15 @@ class QtTextBox final : public QtControl<TextBox, QLineEdit> {
     std::string Text() const override { return FromQt(widget_->text()); }
     void SetText(const std::string& text) override { widget_->setText(ToQt(text)); }
     void SetSelStart(int position) override { widget_->setCursorPosition(position); }
+};
+
+class QtDropDownList final : public QtControl<DropDownList, QComboBox> {
+  public:
+    QtDropDownList(const ControlDesign& design, QWidget* parent);
+    void AddItem(const std::string& text) override { widget_->addItem(ToQt(text)); }
+    void Clear() override { widget_->clear(); }
+    int ListIndex() const override { return widget_->currentIndex(); }
+    void SetListIndex(int index) override { widget_->setCurrentIndex(index); }
 };
 
 class QtTimer final : public Timer {

@@ -133,7 +133,7 @@ TEST(Paper, IsAPicture) {
     std::size_t at = 0;
     for (const char* part :
          {"translate(20,62) scale(1,1)", ">a<", "translate(32,56) scale(2,2)", ">&lt;<",
-          "translate(56,62) scale(1,1)", "> C002 <", "fill=\"white\"", ">\u00E9<", ">kg<"}) {
+          "translate(56,62) scale(1,1)", "> C002 <", "fill=\"#ffffff\"", ">\u00E9<", ">kg<"}) {
         at = svg.find(part, at);
         ASSERT_NE(at, std::string::npos) << part << "\n" << svg;
     }

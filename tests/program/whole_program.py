@@ -10,7 +10,7 @@ import sys
 import tempfile
 
 from indicator_at_work import Indicator
-from operator_at_work import Failure, Program, expect, wait_for, xdotool
+from operator_at_work import Failure, Program, expect, pyatspi, wait_for, xdotool
 
 FOLDER = os.path.abspath(sys.argv[1])
 PROGRAM = os.path.join(FOLDER, "VarnoTicketFormatter")
@@ -191,6 +191,93 @@ def open_everything(path):
         program.kill()
 
 
+def paper_of_the_indicator(folder, path):
+    paper = os.path.join(folder, "paper.txt")
+    with Indicator(FOLDER, "--paper", paper, path) as indicator:
+        indicator.tell("P")
+        return wait_for(lambda: open(paper, encoding="utf-8").read(), "what is printed")
+
+
+def text_in_pdf(path):
+    return subprocess.run(["pdftotext", "-layout", path, "-"], capture_output=True, text=True,
+                          check=True).stdout
+
+
+def words_of(text):
+    return [line.split() for line in text.splitlines() if line.strip()]
+
+
+def open_context_menu(program, key):
+    def windows():  # the menus among them, which the accessibility bus does not show
+        return xdotool("search", "--onlyvisible", "--pid", program.process.pid).split()
+
+    before = len(windows())
+    program.keys(key)
+    wait_for(lambda: len(windows()) > before, f"a context menu by {key}")
+
+
+def preview(folder, path):
+    """The paper by F7 and by the context menus: in window, tool, indicator and PDF the same."""
+    main_window = "VarnoTicketFormatter 1.0.2"
+    paper = subprocess.run([os.path.join(FOLDER, "varno-tickets"), "print", path, "212"],
+                           capture_output=True, text=True, check=True).stdout
+    expect(paper_of_the_indicator(folder, path) == paper, "the indicator prints another paper")
+    program = Program(PROGRAM, path)
+    try:
+        program.type("Net 5")
+        program.keys("F7")
+        program.await_window("Ticket Preview")
+        program.await_text("Printed ticket", "Net 5\n")
+        program.keys("F7")
+        program.await_window(main_window)
+        program.keys("Return")
+        program.await_text("Ticket editor", "Net÷5¬\n")
+        program.await_text("Printed ticket", "Net 5\n")
+        program.keys("F7")
+        program.await_window("Ticket Preview")
+        program.keys("Escape")
+        program.await_window(main_window)
+        for key in ("Menu", "shift+F10"):
+            open_context_menu(program, key)
+            program.keys("v")
+            program.await_window("Ticket Preview")
+            program.keys("Escape")
+            program.await_window(main_window)
+        tab_to(program, "Tickets")
+        program.keys("Down")
+        open_context_menu(program, "Menu")
+        program.keys("v")
+        program.await_window("Ticket Preview")
+        program.await_text("Printed ticket", paper)
+        expect(program.find("Printed ticket").getState().contains(pyatspi.STATE_READ_ONLY),
+               "the paper can be changed")
+
+        pdf = os.path.join(folder, "Ticket.pdf")
+        program.keys("alt+d")
+        program.await_window("Save As")
+        program.keys("ctrl+a")
+        program.type(pdf)
+        program.keys("Return")
+        wait_for(lambda: os.path.exists(pdf), "the PDF")
+        program.await_window("Ticket Preview")
+        printed = words_of(text_in_pdf(pdf))
+        expect(printed[:-1] == words_of(paper), f"the PDF holds {printed}")
+        expect("sample" in printed[-1], "the PDF says nothing of samples")
+
+        program.keys("alt+p")
+        program.await_window("Print")
+        program.keys("Escape")
+        program.await_window("Ticket Preview")
+        program.keys("alt+c")
+        program.await_window(main_window)
+        program.await_text("Ticket editor", "Net÷5¬\n")
+        program.quit()
+        answer(program, "Save the current ticket?", "alt+n")
+        program.await_end()
+    finally:
+        program.kill()
+
+
 def main():
     with tempfile.TemporaryDirectory() as folder:
         os.environ["XDG_CONFIG_HOME"] = folder
@@ -198,6 +285,7 @@ def main():
         path = write_first_ticket(folder)
         find_it_again(path)
         open_everything(path)
+        preview(folder, path)
         transfer(folder, path)
     print("the whole program: written, found again, sent and received")
 

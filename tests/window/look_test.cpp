@@ -15,13 +15,15 @@
 #include "link/terminal_design.h"
 #include "platform/qt/face_button.h"
 #include "platform/qt/simple_controls.h"
+#include "preview/preview_design.h"
 #include "tests/window/real_window.h"
 
 namespace varno {
 namespace {
 
 const WindowDesign* const Designs[] = {&MainWindowDesign(), &ControlCodesList(), &PrintCodesList(),
-                                       &AsciiCodesList(),   &TerminalDesign,     &TutorialDesign()};
+                                       &AsciiCodesList(),   &TerminalDesign,     &TutorialDesign(),
+                                       &PreviewDesign()};
 
 class EveryWindow : public testing::TestWithParam<const WindowDesign*> {
   protected:

@@ -1,0 +1,103 @@
+#include "preview/preview_design.h"
+
+#include <array>
+
+namespace varno {
+namespace {
+
+using Kind = ControlKind;
+
+constexpr ControlDesign PaperButton(std::string_view name, std::string_view caption, int left,
+                                    int width) {
+    return {
+        .name = name, .kind = Kind::Button, .caption = caption, .place = {left, 7500, width, 480}};
+}
+
+constexpr std::array Controls{
+    ControlDesign{.name = "ShownTicket",
+                  .kind = Kind::Label,
+                  .place = {120, 150, 2900, 270},
+                  .accessibleDescription = "Ticket that is shown"},
+    ControlDesign{.name = "PaperWidthLabel",
+                  .kind = Kind::Label,
+                  .caption = "Paper width",
+                  .place = {3060, 150, 1020, 270},
+                  .alignment = Alignment::Right},
+    ControlDesign{.name = "PaperWidth",
+                  .kind = Kind::DropDownList,
+                  .place = {4140, 120, 2640, 330},
+                  .accessibleName = "Paper width"},
+    ControlDesign{.name = "Paper",
+                  .kind = Kind::PaperView,
+                  .place = {120, 540, 6660, 6270},
+                  .accessibleName = "Printed ticket",
+                  .font = FontFace::FixedWidth},
+    ControlDesign{.name = "Legend",
+                  .kind = Kind::Label,
+                  .place = {120, 6870, 6660, 270},
+                  .accessibleDescription = "What the colours mean"},
+    ControlDesign{.name = "Faults",
+                  .kind = Kind::Label,
+                  .place = {120, 7140, 6660, 270},
+                  .accessibleDescription = "Faults in the code effects"},
+    PaperButton("PrintButton", "&Print ...", 120, 1080),
+    PaperButton("PdfButton", "Save as P&DF ...", 1260, 1560),
+    PaperButton("CopyButton", "Copy as &text", 2880, 1320),
+    ControlDesign{.name = "CloseButton",
+                  .kind = Kind::Button,
+                  .caption = "&Close",
+                  .place = {5700, 7500, 1080, 480},
+                  .isCancel = true},
+    ControlDesign{.name = "PauseTimer", .kind = Kind::Timer, .enabled = false, .interval = 250},
+};
+
+constexpr std::array<std::string_view, 1> OnPaper{"Paper"};
+constexpr std::array Items{
+    ContextItemDesign{
+        .name = "BackToTicket", .caption = "&Back to the ticket", .key = "F7", .controls = OnPaper},
+    ContextItemDesign{
+        .name = "CopyText", .caption = "&Copy as text", .key = "Ctrl+C", .controls = OnPaper},
+    ContextItemDesign{
+        .name = "ZoomIn", .caption = "Zoom &in", .key = "Ctrl++", .controls = OnPaper},
+    ContextItemDesign{
+        .name = "ZoomOut", .caption = "Zoom &out", .key = "Ctrl+-", .controls = OnPaper},
+    ContextItemDesign{
+        .name = "ActualSize", .caption = "&Actual size", .key = "Ctrl+0", .controls = OnPaper},
+};
+
+constexpr WindowDesign Design{.name = "Preview",
+                              .caption = "Ticket Preview",
+                              .clientWidth = 6900,
+                              .clientHeight = 8100,
+                              .minimizeButton = false,
+                              .controls = Controls,
+                              .contextItems = Items};
+
+constexpr std::array Layout{
+    LayoutRow{"ShownTicket", Measure::Width, -4120},
+    LayoutRow{"PaperWidthLabel", Measure::Left, -3960},
+    LayoutRow{"PaperWidth", Measure::Left, -2880},
+    LayoutRow{"Paper", Measure::Width, -360},
+    LayoutRow{"Paper", Measure::Height, -2235},
+    LayoutRow{"Legend", Measure::Top, -1635},
+    LayoutRow{"Legend", Measure::Width, -360},
+    LayoutRow{"Faults", Measure::Top, -1365},
+    LayoutRow{"Faults", Measure::Width, -360},
+    LayoutRow{"PrintButton", Measure::Top, -1005},
+    LayoutRow{"PdfButton", Measure::Top, -1005},
+    LayoutRow{"CopyButton", Measure::Top, -1005},
+    LayoutRow{"CloseButton", Measure::Left, -1320},
+    LayoutRow{"CloseButton", Measure::Top, -1005},
+};
+
+}  // namespace
+
+const WindowDesign& PreviewDesign() {
+    return Design;
+}
+
+std::span<const LayoutRow> PreviewLayout() {
+    return Layout;
+}
+
+}  // namespace varno
