@@ -33,7 +33,7 @@ struct PaperRun {
     bool IsBox() const { return First().origin == PaperCell::Origin::Box; }
     int Columns() const { return static_cast<int>(cells.size()) * First().Columns(); }
     int Lines() const { return Has(PaperStyle::DoubleHeight) ? 2 : 1; }
-    Colour Ink() const;   // of the characters: white on inverse cells
+    Colour Ink() const;           // of the characters: white on inverse cells
     std::u16string Text() const;  // of a box without the brackets, for which its frame stands
 };
 
