@@ -88,6 +88,7 @@ void FileCommands::LoadTicket_Click() {
     if (!chosen) {
         return;
     }
+    announce_(CommandEvent::TicketOpens);
     (void)OpenTicketFile(chosen->fileName);  // says nothing when it fails
     state_.folders.LoadTicketFolder = FolderOf(chosen->fileName, chosen->fileTitle);
     controls_.TicketNumber.SetText("");
@@ -102,6 +103,7 @@ void FileCommands::LoadList_Click() {
     if (!chosen) {
         return;
     }
+    announce_(CommandEvent::BlockOpens);
     controls_.TicketList.Clear();
     (void)OpenBlockFile(chosen->fileName);  // says nothing when it fails
     state_.folders.LoadListFolder = FolderOf(chosen->fileName, chosen->fileTitle);
@@ -170,7 +172,9 @@ bool FileCommands::ConfirmOverwriting(const ChosenFile& chosen) {
 
 // Says why when the file cannot be written; the old one is whole then.
 bool FileCommands::Write(const std::string& path, const std::string& bytes) {
-    const Error error = WriteFile(FileMeantBy(path), bytes);
+    const std::string meant = FileMeantBy(path);
+    safekeeping_.BeforeReplacing(meant);
+    const Error error = WriteFile(meant, bytes);
     if (error) {
         dialogs_.ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
     }

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "app/safekeeping.h"
 #include "app/working_state.h"
 #include "platform/announce.h"
 #include "platform/dialogs.h"
@@ -24,8 +25,12 @@ struct FileControls {
 class FileCommands {
   public:
     FileCommands(const FileControls& controls, Dialogs& dialogs, WorkingState& state,
-                 Announce announce)
-        : controls_(controls), dialogs_(dialogs), state_(state), announce_(std::move(announce)) {}
+                 Safekeeping& safekeeping, Announce announce)
+        : controls_(controls),
+          dialogs_(dialogs),
+          state_(state),
+          safekeeping_(safekeeping),
+          announce_(std::move(announce)) {}
 
     void FileMenu_Click();
     void LoadTicket_Click();
@@ -61,6 +66,7 @@ class FileCommands {
     FileControls controls_;
     Dialogs& dialogs_;
     WorkingState& state_;
+    Safekeeping& safekeeping_;
     Announce announce_;
 };
 

@@ -29,7 +29,13 @@ Form1::Form1(Platform& platform)
       timer1_(window_->Get<Timer>("Timer1")),
       catalogues_(CataloguesIn(platform.App().folder)),
       commandStates_(*window_),
+      safekeeping_({.RichText = controls_.RichText,
+                    .TicketName = controls_.TicketName,
+                    .ListName = window_->Get<Label>("ListName"),
+                    .MSComm1 = *msComm1_,
+                    .state = state_}),
       announce_([this](CommandEvent event) {
+          safekeeping_.On(event);
           commandStates_.On(event);
           preview_.On(event);
       }),
@@ -39,7 +45,7 @@ Form1::Form1(Platform& platform)
               .TicketName = controls_.TicketName,
               .ListName = window_->Get<Label>("ListName"),
               .Message = message_},
-             platform.DialogBoxes(), state_, announce_),
+             platform.DialogBoxes(), state_, safekeeping_, announce_),
       put_(controls_, platform.DialogBoxes(), state_.block, announce_),
       delete_(controls_, state_.block, announce_),
       keyAssignment_(controls_, state_.block),
@@ -163,6 +169,9 @@ void Form1::ConnectPreview() {
 }
 
 void Form1::ConnectWindow() {
+    window_->Get<Timer>("SafekeepingTimer").OnTimer = [this] {
+        announce_(CommandEvent::TimePasses);
+    };
     window_->OnResize = [this] { Form_Resize(); };
     window_->OnClose = [this] { Form_Unload(); };
     window_->OnKeyPress = [this](char32_t character) { transfer_.Form_KeyPress(character); };
@@ -209,6 +218,7 @@ void Form1::Form_Unload() {
     transfer_.Stop();
     files_.AskToSaveTicket();
     files_.AskToSaveBlock();
+    announce_(CommandEvent::Closes);
     SettingsStore& settings = platform_.Settings();
     SaveFolders(settings, state_.folders);
     SaveCommunications(settings, *msComm1_);

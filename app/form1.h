@@ -5,6 +5,7 @@
 
 #include "app/command_states.h"
 #include "app/file_commands.h"
+#include "app/safekeeping.h"
 #include "app/tutorial.h"
 #include "app/working_state.h"
 #include "block/delete.h"
@@ -59,7 +60,8 @@ class Form1 {
     Timer& timer1_;
     Catalogues catalogues_;
     CommandStates commandStates_;
-    Announce announce_;  // to commandStates_
+    Safekeeping safekeeping_;
+    Announce announce_;  // to both
 
     FileCommands files_;
     PutCommand put_;

@@ -102,6 +102,7 @@ constexpr std::array Controls{
                   .enabled = false,
                   .accessibleName = "Download to indicator"},
     ControlDesign{.name = "Timer1", .kind = Kind::Timer, .interval = 1500},
+    ControlDesign{.name = "SafekeepingTimer", .kind = Kind::Timer, .interval = 30'000},
 };
 
 constexpr std::array Menus{

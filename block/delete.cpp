@@ -8,6 +8,7 @@ void DeleteCommand::DeleteButton_Click() {
     if (selected < 0) {
         return;
     }
+    announce_(CommandEvent::TicketDeletes);
     block_.RemoveTicketRecord(LeadingNumber(list.List(selected)));
     list.RemoveItem(selected);
     for (ToggleButton* button : controls_.KeyAssignment) {

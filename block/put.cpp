@@ -37,9 +37,14 @@ void PutCommand::PutButton_Click() {
 bool PutCommand::ConfirmOverwriting(int ticketNumber) {
     for (int i = 0; i < controls_.TicketList.ListCount(); ++i) {
         if (LeadingNumber(controls_.TicketList.List(i)) == ticketNumber) {
-            return dialogs_.ShowMessage("Overwrite Ticket #" + std::to_string(ticketNumber) + "?",
-                                        "Existing Ticket Number", Buttons::YesNo,
-                                        Icon::Question) == Answer::Yes;
+            const bool isConfirmed =
+                dialogs_.ShowMessage("Overwrite Ticket #" + std::to_string(ticketNumber) + "?",
+                                     "Existing Ticket Number", Buttons::YesNo,
+                                     Icon::Question) == Answer::Yes;
+            if (isConfirmed) {
+                announce_(CommandEvent::TicketOverwrites);
+            }
+            return isConfirmed;
         }
     }
     return true;

@@ -90,6 +90,7 @@ void TicketListView::EditButton_Click() {
     if (list.ListIndex() < 0) {
         return;  // an upload that began meanwhile has emptied the list
     }
+    announce_(CommandEvent::TicketIsEdited);
     DecodeTicket(LeadingNumber(list.List(list.ListIndex())));
     controls_.TicketName.SetCaption("");
     controls_.RichText.SetFocus();

@@ -17,9 +17,14 @@ HistoryKeeper::~HistoryKeeper() {
 }
 
 void HistoryKeeper::Keep(Copy copy, std::string content) {
-    copy.time = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now());
+    using std::chrono::milliseconds;
+    const auto now = std::chrono::floor<milliseconds>(std::chrono::system_clock::now());
     {
         const std::lock_guard lock(mutex_);
+        // Many at once keep their order; a clock that was put back is believed.
+        const bool isAtOnce = now <= last_ && last_ - now < std::chrono::seconds(1);
+        copy.time = isAtOnce ? last_ + milliseconds(1) : now;
+        last_ = copy.time;
         waiting_.push_back({std::move(copy), std::move(content)});
     }
     changed_.notify_all();

@@ -19,7 +19,7 @@ class HistoryKeeper {
     HistoryKeeper(const HistoryKeeper&) = delete;
     HistoryKeeper& operator=(const HistoryKeeper&) = delete;
 
-    // Gives the copy the present time.
+    // Gives the copy the present time, or a later one than the copy before it.
     void Keep(Copy copy, std::string content);
 
     // Waits until all is kept that was given so far, then says what was wrong with the last one
@@ -39,6 +39,7 @@ class HistoryKeeper {
     std::condition_variable changed_;
     std::deque<Waiting> waiting_;  // the one in work included
     Error trouble_;
+    CopyTime last_{};
     bool ends_ = false;
     std::thread worker_;
 };

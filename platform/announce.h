@@ -21,6 +21,15 @@ enum class CommandEvent {
     ListSelected,   // a row was selected, or the list came back to it
     EditorChanged,
     EditorFocused,
+
+    // Told before it happens, so that what goes can be kept.
+    TicketDeletes,     // from the block
+    TicketOverwrites,  // another of the block
+    BlockOpens,        // in place of the present one
+    TicketOpens,       // from a file, in place of the editor's
+    TicketIsEdited,    // from the block, in place of the editor's
+    Closes,            // the program; all questions have been answered
+    TimePasses,        // again and again
 };
 
 // Never empty.

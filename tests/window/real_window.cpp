@@ -21,6 +21,7 @@ void ScriptedPlatform::DoEvents() {
 TestFolder::TestFolder() {
     qputenv("XDG_CONFIG_HOME", folder_.path().toUtf8());
     qputenv("XDG_DATA_HOME", folder_.path().toUtf8());
+    qputenv("XDG_STATE_HOME", folder_.path().toUtf8());
 }
 
 std::string TestFolder::Path(const std::string& name) const {

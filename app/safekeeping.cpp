@@ -1,0 +1,92 @@
+#include "app/safekeeping.h"
+
+#include <array>
+
+#include "app/path_rules.h"
+#include "block/block_file.h"
+#include "platform/files.h"
+#include "platform/rtf/rtf_writer.h"
+
+namespace varno {
+namespace {
+
+// A ticket is kept while it is not saved.
+enum class What { Ticket, Block, UnsavedBlock };
+
+struct Rule {
+    CommandEvent event;
+    What what;
+    Cause cause;
+};
+
+using enum CommandEvent;
+
+constexpr std::array Rules{
+    Rule{TicketDeletes, What::Block, Cause::Delete},
+    Rule{TicketOverwrites, What::Block, Cause::Put},
+    Rule{BlockOpens, What::Block, Cause::Open},
+    Rule{TicketOpens, What::Ticket, Cause::Open},
+    Rule{TicketIsEdited, What::Ticket, Cause::Edit},
+    Rule{UploadStarted, What::Block, Cause::Upload},
+    Rule{UploadStarted, What::Ticket, Cause::Upload},
+    Rule{UploadEnded, What::Block, Cause::Uploaded},
+    Rule{DownloadStarted, What::Block, Cause::Download},
+    Rule{Closes, What::Ticket, Cause::Close},
+    Rule{Closes, What::UnsavedBlock, Cause::Close},
+    Rule{TimePasses, What::Ticket, Cause::Unsaved},
+    Rule{TimePasses, What::UnsavedBlock, Cause::Unsaved},
+};
+
+constexpr bool IsTransfer(Cause cause) {
+    return cause == Cause::Upload || cause == Cause::Uploaded || cause == Cause::Download;
+}
+
+}  // namespace
+
+void Safekeeping::On(CommandEvent event) {
+    for (const Rule& rule : Rules) {
+        if (rule.event != event) {
+            continue;
+        }
+        const std::string port =
+            IsTransfer(rule.cause) ? "COM" + std::to_string(sources_.MSComm1.CommPort()) : "";
+        if (rule.what == What::Ticket) {
+            KeepTicket(rule.cause);
+        } else if (rule.what == What::Block || sources_.state.block.BlockChanged) {
+            KeepBlock(rule.cause, port);
+        }
+    }
+}
+
+void Safekeeping::KeepTicket(Cause cause) {
+    if (sources_.state.TicketChanged && sources_.RichText.HasText()) {
+        keeper_.Keep(
+            {.cause = cause, .name = sources_.TicketName.Caption(), .kind = CopyKind::Ticket},
+            WriteRtf(sources_.RichText.Content()));
+    }
+}
+
+void Safekeeping::KeepBlock(Cause cause, const std::string& port) {
+    const std::string& image = sources_.state.block.TicketBuffer;
+    if (!image.empty()) {
+        const std::string name = sources_.ListName.Caption();
+        keeper_.Keep({.cause = cause, .port = port, .name = name == " " ? "" : name},
+                     BlockFileBytes(image));
+    }
+}
+
+// Larger files are none of ours, and a folder or a device is not replaced.
+void Safekeeping::BeforeReplacing(const std::string& path) {
+    constexpr std::size_t MostBytes = 4'000'000;
+    std::string bytes;
+    if (ReadFile(path, bytes, MostBytes + 1) || bytes.size() > MostBytes) {
+        return;
+    }
+    const bool isBlock = EndsIn(path, "VRB");
+    keeper_.Keep({.cause = Cause::Save,
+                  .name = LabelForm(BareName(path), isBlock ? "VRB" : "VRT").value_or(""),
+                  .kind = isBlock ? CopyKind::Block : CopyKind::Ticket},
+                 std::move(bytes));
+}
+
+}  // namespace varno

@@ -1,0 +1,40 @@
+// Gives the history what a command is about to take away, and what is unsaved.
+#pragma once
+
+#include <string>
+
+#include "app/working_state.h"
+#include "history/history_keeper.h"
+#include "platform/announce.h"
+#include "platform/rich_text.h"
+#include "platform/serial/serial_control.h"
+
+namespace varno {
+
+class Safekeeping {
+  public:
+    struct Sources {
+        RichTextBox& RichText;
+        Label& TicketName;
+        Label& ListName;
+        const SerialControl& MSComm1;
+        const WorkingState& state;
+    };
+
+    explicit Safekeeping(const Sources& sources) : sources_(sources), keeper_(HistoryFolder()) {}
+
+    // Makes every copy that the table names for the event.
+    void On(CommandEvent event);
+
+    // The file that a save is about to replace, as it is; nothing where there is none.
+    void BeforeReplacing(const std::string& path);
+
+  private:
+    void KeepTicket(Cause cause);
+    void KeepBlock(Cause cause, const std::string& port);
+
+    Sources sources_;
+    HistoryKeeper keeper_;
+};
+
+}  // namespace varno
