@@ -61,7 +61,7 @@ class Form1 {
     Catalogues catalogues_;
     CommandStates commandStates_;
     Safekeeping safekeeping_;
-    Announce announce_;  // to both
+    Announce announce_;  // to all that listen
 
     FileCommands files_;
     PutCommand put_;
