@@ -14,8 +14,8 @@ namespace varno {
 namespace {
 
 constexpr qreal ColumnInches = 0.1;
-constexpr int Edge = 2;                   // columns on both sides
-constexpr int NoteLines = 3;              // below the last row, with the colours' meaning
+constexpr int Edge = 2;       // columns on both sides
+constexpr int NoteLines = 3;  // below the last row: an empty one and what the colours mean
 constexpr qreal LongestPageInches = 190;  // a PDF reader may take no more than 200
 constexpr qreal MillimetresPerInch = 25.4;
 
@@ -33,17 +33,9 @@ int LinesOf(const Paper& paper) {
                            [](int lines, const PaperRow& row) { return lines + LinesOf(row); });
 }
 
-QString Legend() {
-    QStringList notes;
-    for (const std::string_view note : PaperLegend) {
-        notes += ToQt(note);
-    }
-    return notes.join(QStringLiteral(". "));
-}
-
 QSizeF PageSize(const Paper& paper) {
     const qreal width = (paper.width + 2 * Edge) * ColumnInches;
-    const qreal height = (LinesOf(paper) + NoteLines) * 2 * ColumnInches + 2 * ColumnInches * Edge;
+    const qreal height = (LinesOf(paper) + NoteLines + 1 + Edge) * 2 * ColumnInches;
     return QSizeF(width, std::min(height, LongestPageInches)) * MillimetresPerInch;
 }
 
@@ -73,7 +65,9 @@ bool DrawPages(const Paper& paper, QPagedPaintDevice& device) {
         line += LinesOf(row);
     }
     makeRoom(NoteLines);
-    paperPainter.DrawNote(Legend(), origin, 0, line + NoteLines - 2, NoteColour);
+    for (const std::string_view note : PaperLegend) {
+        paperPainter.DrawNote(ToQt(note), origin, 0, ++line, NoteColour);
+    }
     return painter.end();
 }
 
