@@ -38,6 +38,8 @@ TEST_F(StartAndClose, FirstStartAndWhatIsWrittenAtItsEnd) {
 }
 
 TEST_F(StartAndClose, ComesBackAsItWasLeft) {
+    WriteText(folder.Path("VarnoTicketFormatter.ini"),
+              "[Communications]\nCOM=3\nSettings=\"1200,e,7,2\"\n");
     {
         RealWindow window(folder);
         window.Start();
@@ -49,6 +51,7 @@ TEST_F(StartAndClose, ComesBackAsItWasLeft) {
     EXPECT_EQ(window.form.MainWindow().OuterPlace(), (Place{300, 450, 9000, 7500}));
     EXPECT_EQ(window.Get<RichTextBox>("RichText").GetPlace(), (Place{120, 600, 6705, 6075}));
     window.Choose("Exit");
+    EXPECT_TRUE(Stored("COM=3") && Stored("Settings=\"1200,e,7,2\"")) << Settings();
 }
 
 // Minimised and maximised windows keep the place of their normal state.
