@@ -88,6 +88,7 @@ std::string IndicatorLine::Receive() {
     }
     const bool lost = !complete_ && !stoodStill_;
     Close();
+    progress_.End();
     EndIfInterrupted();
     const std::string ending = lost ? LostPortSentence(Name()) : "Nothing came for too long.";
     if (!begun_) {

@@ -6,10 +6,11 @@
 
 namespace varno {
 
-Progress::~Progress() {
+void Progress::End() {
     if (!shown_.empty()) {
         std::cerr << '\n';
     }
+    shown_.clear();
 }
 
 void Progress::Show(const std::string& text) {

@@ -8,8 +8,9 @@ namespace varno {
 
 class Progress {
   public:
-    ~Progress();  // ends the line
+    ~Progress() { End(); }
     void Show(const std::string& text);
+    void End();  // of the line: what is said next begins another
 
   private:
     std::string shown_;
