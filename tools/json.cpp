@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "codec/utf8.h"
+
 namespace varno {
 namespace {
 
@@ -18,7 +20,7 @@ std::string Array(const Items& items, TextOf textOf) {
 
 std::string Json(std::string_view text) {
     std::string quoted = "\"";
-    for (const char c : text) {
+    for (const char c : ToUtf8(FromUtf8(text))) {  // names of files may be no UTF-8
         if (static_cast<unsigned char>(c) < ' ') {
             char code[sizeof "\\u0000"];
             std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned>(c));

@@ -288,9 +288,10 @@ def answers_scripts():
 
     same(asked("list", PLANT)["tickets"][1], {"number": 210, "keys": ["Out"]})
     same(asked("check", PLANT)["sound"], True)
-    with open('q"\\.VRB', "w") as file:
+    with open(b'q"\\\xff.VRB', "w") as file:
         file.write(":")
-    same((asked("check", 'q"\\.VRB')["block"], asked("check", 'q"\\.VRB')["sound"]), ('q"\\.VRB', False))
+    told = asked("check", b'q"\\\xff.VRB')
+    same((told["block"], told["sound"]), ('q"\\\ufffd.VRB', False))
     subprocess.run([TOOL, "new", "empty.VRB"], check=True)
     told = asked("diff", "empty.VRB", PLANT)
     same((told["equal"], told["differences"][0]), (False, f"ticket 200 is only in {PLANT}"))
