@@ -256,7 +256,7 @@ constexpr Subcommand AllCommands[] = {
     {"text", "BLOCK [NUMBER]", "--catalogues --comments",
      "write the block, or one ticket, as text that can be edited", Text},
     {"build", "TEXT BLOCK", "--force", "make the block of a text", Build},
-    {"diff", "BLOCK BLOCK", "--catalogues --json --port --settings --wait",
+    {"diff", "BLOCK BLOCK", "--catalogues --json --settings --wait",
      "tell what differs between two blocks, texts or ports", Diff},
     {"merge", "BASE OURS THEIRS", "", "put into OURS what both sides made of BASE", MergeBlocks},
     {"textconv", "BLOCK", "--catalogues", "show the block, even a damaged one, to version control",
