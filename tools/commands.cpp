@@ -12,7 +12,6 @@
 #include "codec/decoder.h"
 #include "codec/encoder.h"
 #include "codec/memory_editor.h"
-#include "codec/text_limits.h"
 #include "codec/utf8.h"
 #include "platform/files.h"
 #include "platform/rtf/rtf_reader.h"
@@ -62,8 +61,8 @@ MarkedText Decoded(const Request& request, const OpenedBlock& file, int number) 
 
 // The record of the ticket in a ticket file or a text.
 std::string RecordIn(const std::string& givenPath, int number) {
-    const std::string path = IsStandardInput(givenPath) ? givenPath : FileMeantBy(givenPath);
-    const std::string bytes = Contents(path, MostTicketFileBytes + 1);
+    const std::string path = PathMeantBy(givenPath);
+    const std::string bytes = WholeText(path);
     if (IsTicketText(bytes)) {
         TicketRecord ticket = TicketInText(path, bytes);
         ticket.number = number;
@@ -303,6 +302,10 @@ void RequireNew(const Request& request, const std::string& path) {
 }
 
 void DeliverNew(const Request& request, const std::string& path, std::string_view bytes) {
+    FileLock lock;
+    if (!IsStandardOutput(path)) {
+        Require(lock.Take(path));
+    }
     RequireNew(request, path);
     Deliver(path, bytes);
 }

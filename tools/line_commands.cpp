@@ -199,7 +199,7 @@ void Receive(const Request& request) {
     RequireNew(request, path);
     const std::string image = ReceivedImage(request, path);
     const Error uncopied = KeepCopy(request, Cause::Uploaded, image);
-    Deliver(path, BlockFileBytes(image));
+    DeliverNew(request, path, BlockFileBytes(image));
     Require(uncopied);
 }
 

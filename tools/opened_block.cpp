@@ -1,10 +1,14 @@
 #include "tools/opened_block.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 
 #include "block/block_file.h"
+#include "codec/text_limits.h"
 #include "tools/refusal.h"
 
 namespace varno {
@@ -12,23 +16,36 @@ namespace {
 
 constexpr std::size_t ChunkBytes = 1 << 16;
 
-std::string StandardInput(std::size_t most) {
+// The first `most` bytes of what comes.
+std::string Incoming(std::istream& stream, std::size_t most) {
     std::string bytes;
     std::string chunk(ChunkBytes, '\0');
-    while (bytes.size() < most && std::cin) {
-        std::cin.read(chunk.data(), std::ssize(chunk));
-        bytes.append(chunk, 0, static_cast<std::size_t>(std::cin.gcount()));
-    }
-    if (std::ferror(stdin) != 0) {
-        throw Refusal(Ending::CouldNot, "the standard input cannot be read");
+    while (bytes.size() < most && stream) {
+        stream.read(chunk.data(), std::ssize(chunk));
+        bytes.append(chunk, 0, static_cast<std::size_t>(stream.gcount()));
     }
     bytes.resize(std::min(bytes.size(), most));
     return bytes;
 }
 
-// The file that the path means whatever its letter case.
-std::string PathMeantBy(const std::string& path) {
-    return IsStandardInput(path) ? path : FileMeantBy(path);
+std::string StandardInput(std::size_t most) {
+    std::string bytes = Incoming(std::cin, most);
+    if (std::ferror(stdin) != 0) {
+        throw Refusal(Ending::CouldNot, "the standard input cannot be read");
+    }
+    return bytes;
+}
+
+// What a shell gives a command in place of a file: <(git show HEAD:Plant.VRB).
+bool IsPipe(const std::string& path) {
+    std::error_code unreachable;  // reading it says why
+    return std::filesystem::is_fifo(path, unreachable);
+}
+
+std::string InCapitals(std::string image) {
+    std::transform(image.begin(), image.end(), image.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return image;
 }
 
 }  // namespace
@@ -45,9 +62,38 @@ std::string Contents(const std::string& path, std::size_t most) {
     if (IsStandardInput(path)) {
         return StandardInput(most);
     }
+    if (IsPipe(path)) {
+        std::ifstream pipe(path, std::ios::binary);
+        if (!pipe) {
+            throw Refusal(Ending::CouldNot, path + ": this pipe cannot be read");
+        }
+        return Incoming(pipe, most);
+    }
     std::string bytes;
     Require(ReadFile(path, bytes, most));
     return bytes;
+}
+
+std::string WholeText(const std::string& path) {
+    std::string bytes = Contents(path, MostTicketFileBytes + 1);
+    if (bytes.size() > MostTicketFileBytes) {
+        throw Refusal(Ending::FaultFound, path + ": the file is too long");
+    }
+    return bytes;
+}
+
+std::string PathMeantBy(const std::string& path) {
+    return IsStandardInput(path) ? path : FileMeantBy(path);
+}
+
+void TakeToChange(FileLock& lock, const std::string& path) {
+    if (IsStandardInput(path)) {
+        return;
+    }
+    if (IsPipe(path)) {
+        throw Refusal(Ending::CouldNot, path + ": a block in a pipe cannot be changed");
+    }
+    Require(lock.Take(path));
 }
 
 void Deliver(const std::string& path, std::string_view bytes) {
@@ -59,8 +105,8 @@ void Deliver(const std::string& path, std::string_view bytes) {
 }
 
 OpenedBlock::OpenedBlock(const std::string& path, Purpose purpose) : path_(PathMeantBy(path)) {
-    if (purpose != Purpose::Read && !IsStandardInput(path_)) {
-        Require(lock_.Take(path_));
+    if (purpose != Purpose::Read) {
+        TakeToChange(lock_, path_);
     }
     if (purpose == Purpose::Make && !IsStandardInput(path_) && !FileExists(path_)) {
         Block.TicketBuffer = NewTicketBuffer();
@@ -100,7 +146,7 @@ void OpenedBlock::RequireSound() const {
 }
 
 void OpenedBlock::Save() const {
-    Deliver(IsStandardInput(path_) ? "-" : path_, BlockFileBytes(Block.TicketBuffer));
+    Deliver(IsStandardInput(path_) ? "-" : path_, BlockFileBytes(InCapitals(Block.TicketBuffer)));
     for (std::size_t key = 0; key < KeyCount; ++key) {
         if (keyTicketBefore_[key] != 0 && keyTicketBefore_[key] != Block.KeyTicket[key]) {
             std::cerr << path_ << ": " << KeyNames[key] << " no longer prints ticket "

@@ -16,6 +16,16 @@ bool IsStandardOutput(const std::string& path);
 // The first `most` bytes of the file, or a refusal.
 std::string Contents(const std::string& path, std::size_t most);
 
+// All of a file that may be a text, or a refusal: one that is cut off would lack tickets.
+std::string WholeText(const std::string& path);
+
+// The file that the path means whatever its letter case.
+std::string PathMeantBy(const std::string& path);
+
+// Nobody else changes the file from now on until the lock is gone. Refuses what cannot be read and
+// written again.
+void TakeToChange(FileLock& lock, const std::string& path);
+
 // Writes the file, or refuses.
 void Deliver(const std::string& path, std::string_view bytes);
 
@@ -37,6 +47,7 @@ class OpenedBlock {
     void RequireWhole() const;  // to be changed at all
     void RequireSound() const;
 
+    // Its digits become capitals: what was changed is written so, and a block does not mix them.
     // Also tells which keys no longer print the ticket that they printed.
     void Save() const;
 

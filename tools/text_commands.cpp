@@ -1,5 +1,6 @@
 #include "tools/text_commands.h"
 
+#include <algorithm>
 #include <iostream>
 #include <variant>
 
@@ -50,8 +51,8 @@ Content Required(const std::string& path, std::variant<Content, BlockTextFault> 
 
 // A sound block, from a block file or a text.
 ReadBlock BlockIn(const std::string& givenPath) {
-    const std::string path = IsStandardInput(givenPath) ? givenPath : FileMeantBy(givenPath);
-    const std::string bytes = Contents(path, MostBlockFileBytes);
+    const std::string path = PathMeantBy(givenPath);
+    const std::string bytes = WholeText(path);
     if (!bytes.starts_with(':')) {
         return {Required(path, ReadBlockText(bytes)), true};
     }
@@ -139,16 +140,19 @@ void TellDifferences(const Request& request, const BlockContent& first, const Bl
 }
 
 void MergeBlocks(const Request& request) {
-    const ReadBlock ours = BlockIn(request.operands[1]);
+    const std::string path = PathMeantBy(request.operands[1]);
+    FileLock lock;
+    TakeToChange(lock, path);
+    const ReadBlock ours = BlockIn(path);
     const MergedBlock merged = Merge(BlockIn(request.operands[0]).content, ours.content,
                                      BlockIn(request.operands[2]).content);
     for (const std::string& conflict : merged.conflicts) {
-        std::cerr << request.operands[1] << ": " << conflict << '\n';
+        std::cerr << path << ": " << conflict << '\n';
     }
     if (!merged.conflicts.empty()) {
         throw Refusal(Ending::FaultFound, "the blocks cannot be merged; nothing was changed");
     }
-    Deliver(request.operands[1],
+    Deliver(path,
             ours.isText ? BlockText(merged.content) : BlockFileBytes(ImageOf(merged.content)));
 }
 
@@ -157,7 +161,11 @@ void New(const Request& request) {
 }
 
 bool IsTicketText(std::string_view bytes) {
-    return bytes.substr(0, bytes.find_first_of("0123456789")).ends_with("ticket ");
+    constexpr std::string_view blanks = " \t\r\n\xEF\xBB\xBF";  // a byte-order mark among them
+    const std::size_t begin = std::min(bytes.find_first_not_of(blanks), bytes.size());
+    const std::string_view text = bytes.substr(begin);
+    return text.starts_with("ticket ") ||
+           (!text.starts_with('{') && text.find("\nticket ") != std::string_view::npos);
 }
 
 TicketRecord TicketInText(const std::string& path, std::string_view bytes) {

@@ -72,6 +72,28 @@ for number in {300..307}; do
 done
 wait
 expect 0 "$(printf '%s\n' {300..307})" list many.VRB
+# A command that makes or merges a block waits too, and sees what came meanwhile. In its lock on $1,
+# the file or while there is none its folder, many.VRB becomes the file $2.
+meanwhile() {
+    exec 9<"$1"
+    flock 9
+    "$tool" "${@:3}" 2>said 9<&- &
+    sleep 0.3
+    cp many.VRB "$2"
+    exec 9<&-
+    wait
+}
+meanwhile . late.VRB new late.VRB
+wrote said "varno-tickets: late.VRB exists already; --force replaces it"
+"$tool" new base.VRB
+cp base.VRB ours.VRB
+meanwhile ours.VRB ours.VRB merge base.VRB ours.VRB block.VRB
+expect 0 "$(printf '%s\n' '212  P' {300..307})" list ours.VRB
+
+# What is changed is written in capitals as a whole.
+tr A-F a-f <block.VRB >small.VRB
+expect 0 "small.VRB: Print no longer prints ticket 212" bind small.VRB 212 none
+expect 0 "small.VRB: sound; tickets: 1, free words: 1991" check small.VRB
 
 # On paper, by the effects of a folder and the user's over them; the simulated indicator prints the same.
 export XDG_DATA_HOME="$PWD"
@@ -101,19 +123,19 @@ expect 3 "varno-tickets: picture.svg exists already; --force replaces it" \
 expect 2 $'varno-tickets: "10000" is no width: paper has 8 to 255 columns\nvarno-tickets --help tells more.' \
     print --width=10000 paper.VRB 200
 
-# As text, one ticket or all, and back.
+# As text, one ticket or all, and back, with remarks in it.
 expect 0 $'Varno ticket block\norder 212:P\nticket 212\n|AB' text block.VRB
-"$tool" text block.VRB >block.txt
+{ printf '# %0300000d\n' 1; "$tool" text block.VRB; } >block.txt
 expect 0 "" build block.txt again.VRB
 wrote again.VRB "$sound"
 expect 3 "varno-tickets: again.VRB exists already; --force replaces it" build block.txt again.VRB
-printf '|C{C017}¬' | sed '1s/^/ticket 999\n/' >212.txt
+printf '|C{C017}¬' | sed '1s/^/# 1 line\nticket 999\n/' >212.txt
 expect 0 "again.VRB: Print no longer prints ticket 212" put --force again.VRB 212 212.txt
 expect 0 $'ticket 212\n|C{C017 BOLD ON}¬' text --comments --catalogues="$samples" again.VRB 212
 expect 1 $'ticket 212 differs:\n  - AB\n  + C{C017}¬\nkey Print prints 212 in block.txt, none in again.VRB' \
     diff --catalogues=none block.txt again.VRB
-expect 0 "" diff block.VRB block.txt
-expect 1 "varno-tickets: 212.txt:1:1: The text of a block begins with the line \"Varno ticket block\"." \
+expect 0 "" diff block.VRB <(cat block.txt)
+expect 1 "varno-tickets: 212.txt:2:1: The text of a block begins with the line \"Varno ticket block\"." \
     build 212.txt new.VRB
 expect 0 "" new new.VRB
 expect 3 "varno-tickets: new.VRB exists already; --force replaces it" new new.VRB
