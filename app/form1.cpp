@@ -176,6 +176,7 @@ void Form1::ConnectWindow() {
     window_->OnClose = [this] { Form_Unload(); };
     window_->OnKeyPress = [this](char32_t character) { transfer_.Form_KeyPress(character); };
     Menu("ShowTutorial").OnClick = [this] { tutorial_.ShowTutorial_Click(); };
+    Menu("ShowTutorialPage").OnClick = [this] { tutorial_.ShowTutorialPage_Click(); };
     Menu("about").OnClick = [this] { about_Click(platform_); };
 }
 

@@ -162,6 +162,10 @@ constexpr std::array ContextItems{
                       .caption = "Ticket Pre&view",
                       .key = "F7",
                       .controls = EditorAndList},
+    ContextItemDesign{.name = "ShowTutorialPage",
+                      .caption = "Tutorial in the &Browser",
+                      .key = "F1",
+                      .controls = EditorAndList},
 };
 
 constexpr WindowDesign Design{.name = "Form1",

@@ -67,4 +67,10 @@ void TutorialForm::Form_Resize() {
     LayOutControls(TheWindow(), Layout, outer.width, outer.height);
 }
 
+void Tutorial::ShowTutorialPage_Click() {
+    if (Error error = platform_.OpenDocument(platform_.App().folder + "/" + TutorialPageName)) {
+        platform_.DialogBoxes().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
+    }
+}
+
 }  // namespace varno

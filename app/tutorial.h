@@ -6,6 +6,7 @@
 namespace varno {
 
 inline constexpr const char* TutorialName = "Varno Ticket Formatter Tutorial.rtf";
+inline constexpr const char* TutorialPageName = "Varno Ticket Formatter Tutorial.html";
 
 const WindowDesign& TutorialDesign();
 
@@ -26,13 +27,18 @@ class TutorialForm final : public DialogForm {
 class Tutorial {
   public:
     explicit Tutorial(Platform& platform)
-        : form_([&platform] { return std::make_unique<TutorialForm>(platform); }) {}
+        : platform_(platform),
+          form_([&platform] { return std::make_unique<TutorialForm>(platform); }) {}
 
     // Hidden, the window keeps the place in the document; closed, it reads the document again at
     // its next showing.
     void ShowTutorial_Click() { form_.AsLeft().Show(); }
 
+    // The same in the browser, to be read while working.
+    void ShowTutorialPage_Click();
+
   private:
+    Platform& platform_;
     KeptDialog<TutorialForm> form_;
 };
 

@@ -31,6 +31,8 @@ class Platform {
     virtual std::unique_ptr<SerialControl> CreateSerialControl(int inBufferSize) = 0;
     virtual Dialogs& DialogBoxes() = 0;
     virtual SettingsStore& Settings() = 0;
+    // Shows a file with the program that the desktop has for its kind, and goes on.
+    [[nodiscard]] virtual Error OpenDocument(const std::string& path) = 0;
     // Handles the events that wait, then returns. Only the download and the terminal call it.
     virtual void DoEvents() = 0;
     // Ends the event loop; the program's other windows close with it.

@@ -1,8 +1,10 @@
 #include "platform/qt/qt_platform.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileInfo>
 #include <QIcon>
+#include <QUrl>
 
 #include "platform/qt/measures.h"
 #include "platform/qt/qt_window.h"
@@ -64,6 +66,15 @@ std::unique_ptr<SerialControl> QtPlatform::CreateSerialControl(int inBufferSize)
             return FindPort(port, folder, found);
         },
         inBufferSize);
+}
+
+Error QtPlatform::OpenDocument(const std::string& path) {
+    const QString file = ToQt(path);
+    if (!QFileInfo::exists(file)) {
+        return path + ": there is no such file";
+    }
+    const bool isOpened = QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    return isOpened ? std::nullopt : Error(path + ": the desktop has no program that shows it");
 }
 
 void QtPlatform::DoEvents() {

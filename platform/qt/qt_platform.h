@@ -22,6 +22,7 @@ class QtPlatform : public Platform {
     std::unique_ptr<SerialControl> CreateSerialControl(int inBufferSize) override;
     Dialogs& DialogBoxes() override { return dialogs_; }
     SettingsStore& Settings() override { return settings_; }
+    [[nodiscard]] Error OpenDocument(const std::string& path) override;
     void DoEvents() override;
     void Quit() override;
 

@@ -30,6 +30,12 @@ class ScriptedPlatform final : public QtPlatform {
     bool hasQuit = false;
     ScriptedLine* line = nullptr;          // the main window's
     ScriptedLine* terminalLine = nullptr;  // while the terminal is loaded
+    Error OpenDocument(const std::string& path) override {
+        opened.push_back(path);
+        return QtPlatform::OpenDocument(path + ".none");  // says why it cannot be opened
+    }
+
+    std::vector<std::string> opened;  // documents
     std::function<void()> onDoEvents = [] {};
 };
 

@@ -53,7 +53,7 @@ TEST_F(TutorialTest, IsReadAgainWhenItWasClosedOrUnreadable) {
     const auto close = [](QWidget& shown) { shown.close(); };
     int messages = 0;
     window.platform.dialogs.Listen([&messages](const Message& message) {
-        EXPECT_NE(message.text.find(TutorialName), std::string::npos);
+        EXPECT_NE(message.text.find("Varno Ticket Formatter Tutorial."), std::string::npos);
         ++messages;
     });
     EXPECT_EQ(ShownUntil(exit), "none");
@@ -65,6 +65,9 @@ TEST_F(TutorialTest, IsReadAgainWhenItWasClosedOrUnreadable) {
     EXPECT_EQ(ShownUntil(close), "first");
     EXPECT_EQ(ShownUntil(close), "second");
     EXPECT_EQ(messages, 2);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);  // without such a file
+    EXPECT_EQ(window.platform.opened, std::vector{folder.Path(TutorialPageName)});
+    EXPECT_EQ(messages, 3);
 }
 
 }  // namespace
