@@ -165,7 +165,7 @@ constexpr std::array ContextItems{
     ContextItemDesign{.name = "ShowTutorialPage",
                       .caption = "Tutorial in the &Browser",
                       .key = "F1",
-                      .controls = EditorAndList},
+                      .controls = {}},
 };
 
 constexpr WindowDesign Design{.name = "Form1",

@@ -65,8 +65,8 @@ TEST_F(TutorialTest, IsReadAgainWhenItWasClosedOrUnreadable) {
     EXPECT_EQ(ShownUntil(close), "first");
     EXPECT_EQ(ShownUntil(close), "second");
     EXPECT_EQ(messages, 2);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);  // without such a file
-    EXPECT_EQ(window.platform.opened, std::vector{folder.Path(TutorialPageName)});
+    QTest::keyClick(window.Widget<QWidget>("RichText"), Qt::Key_F1);  // without such a file
+    EXPECT_EQ(window.platform.opened, std::vector{folder.Folder() + "/" + TutorialPageName});
     EXPECT_EQ(messages, 3);
 }
 
