@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "codec/word.h"
@@ -26,6 +27,16 @@ struct PaperStyle {
         Inverse = 16,
     };
 };
+
+struct StyleName {
+    unsigned style;
+    std::string_view name;
+};
+inline constexpr StyleName StyleNames[] = {{PaperStyle::Bold, "bold"},
+                                           {PaperStyle::DoubleWidth, "double width"},
+                                           {PaperStyle::DoubleHeight, "double height"},
+                                           {PaperStyle::Underline, "underline"},
+                                           {PaperStyle::Inverse, "inverse"}};
 
 enum class Side { Left, Centre, Right };
 

@@ -82,28 +82,12 @@ struct Phrase {
     int low = 0, high = 0;  // of the number behind the words; high 0: there is none
 };
 
-constexpr Effect StyleOn(unsigned style) {
-    return {Effect::Kind::StyleOn, static_cast<int>(style)};
-}
-constexpr Effect StyleOff(unsigned style) {
-    return {Effect::Kind::StyleOff, static_cast<int>(style)};
-}
 constexpr Effect Align(Side side) {
     return {Effect::Kind::Align, static_cast<int>(side)};
 }
 
 constexpr Phrase Phrases[] = {
     {"nothing", {}},
-    {"bold on", StyleOn(PaperStyle::Bold)},
-    {"bold off", StyleOff(PaperStyle::Bold)},
-    {"double width on", StyleOn(PaperStyle::DoubleWidth)},
-    {"double width off", StyleOff(PaperStyle::DoubleWidth)},
-    {"double height on", StyleOn(PaperStyle::DoubleHeight)},
-    {"double height off", StyleOff(PaperStyle::DoubleHeight)},
-    {"underline on", StyleOn(PaperStyle::Underline)},
-    {"underline off", StyleOff(PaperStyle::Underline)},
-    {"inverse on", StyleOn(PaperStyle::Inverse)},
-    {"inverse off", StyleOff(PaperStyle::Inverse)},
     {"align left", Align(Side::Left)},
     {"align centre", Align(Side::Centre)},
     {"align right", Align(Side::Right)},
@@ -114,8 +98,23 @@ constexpr Phrase Phrases[] = {
     {"reset", {Effect::Kind::Reset}},
 };
 
+// "bold on" and the like.
+bool IsStyle(std::string_view phrase, Effect& effect) {
+    for (const auto& [style, name] : StyleNames) {
+        const bool on = phrase == std::string(name) + " on";
+        if (on || phrase == std::string(name) + " off") {
+            effect = {on ? Effect::Kind::StyleOn : Effect::Kind::StyleOff, static_cast<int>(style)};
+            return true;
+        }
+    }
+    return false;
+}
+
 Fault ParseEffect(std::string_view text, Effect& effect) {
     const std::string phrase = Phrased(text);
+    if (IsStyle(phrase, effect)) {
+        return {};
+    }
     for (const Phrase& row : Phrases) {
         if (row.high == 0 && phrase != row.words) {
             continue;
