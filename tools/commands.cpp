@@ -16,6 +16,7 @@
 #include "platform/files.h"
 #include "platform/rtf/rtf_reader.h"
 #include "platform/rtf/rtf_writer.h"
+#include "tools/check.h"
 #include "tools/help.h"
 #include "tools/json.h"
 #include "tools/line_commands.h"
@@ -101,13 +102,13 @@ std::vector<std::string> KeyNamesOf(const TicketBlock& block, int number) {
     return names;
 }
 
-void TellScripts(const OpenedBlock& file) {
+void TellScripts(const std::string& path, const OpenedBlock& file) {
     std::vector<JsonObject> tickets;
     for (const int number : file.Numbers()) {
         tickets.push_back(
             JsonObject().Add("number", number).Add("keys", KeyNamesOf(file.Block, number)));
     }
-    std::cout << JsonObject().Add("tickets", tickets).Text() << '\n';
+    std::cout << JsonObject().Add("block", path).Add("tickets", tickets).Text() << '\n';
 }
 
 void TellPeople(const OpenedBlock& file) {
@@ -120,10 +121,18 @@ void TellPeople(const OpenedBlock& file) {
     }
 }
 
-void List(const Request& request) {
-    const OpenedBlock file(request.operands[0]);
-    request.json ? TellScripts(file) : TellPeople(file);
-    TellDamage(request, file);
+BlockTask List(const Request& request) {
+    return [request](const std::string& path) {
+        const OpenedBlock file(path);
+        if (request.json) {
+            TellScripts(path, file);
+        } else {
+            std::cout << (request.blocks.size() > 1 ? path + ":\n" : "");
+            TellPeople(file);
+        }
+        TellDamage(request, file);
+        return "";
+    };
 }
 
 void Show(const Request& request) {
@@ -146,47 +155,6 @@ void Print(const Request& request) {
     TellDamage(request, file);
 }
 
-struct Findings {
-    std::string path;
-    std::vector<std::string> faults;
-    std::size_t tickets;
-    int freeWords;
-};
-
-Findings FindingsOf(const std::string& path) {
-    const std::string bytes = Contents(path, MostBlockFileBytes);
-    TicketBlock block{.TicketBuffer = ImageIn(bytes)};
-    block.LocateEndMarker();
-    return {path, FaultsInBlockFile(bytes), block.Tickets().size(), block.BufferFree / WordDigits};
-}
-
-void TellScripts(const Findings& found) {
-    JsonObject answer;
-    answer.Add("block", found.path).Add("sound", found.faults.empty()).Add("faults", found.faults);
-    if (found.faults.empty()) {
-        answer.Add("tickets", found.tickets).Add("freeWords", found.freeWords);
-    }
-    std::cout << answer.Text() << '\n';
-}
-
-void TellPeople(const Findings& found) {
-    for (const std::string& fault : found.faults) {
-        std::cout << found.path << ": " << fault << '\n';
-    }
-    if (found.faults.empty()) {
-        std::cout << found.path << ": sound; tickets: " << found.tickets
-                  << ", free words: " << found.freeWords << '\n';
-    }
-}
-
-void Check(const Request& request) {
-    const Findings found = FindingsOf(request.operands[0]);
-    request.json ? TellScripts(found) : TellPeople(found);
-    if (!found.faults.empty()) {
-        throw Refusal(Ending::FaultFound, found.path + ": the block is damaged");
-    }
-}
-
 void Extract(const Request& request) {
     const OpenedBlock file(request.operands[0]);
     const int number = TicketNumber(request.operands[1]);
@@ -195,62 +163,82 @@ void Extract(const Request& request) {
     TellDamage(request, file);
 }
 
-void Put(const Request& request) {
-    const int number = TicketNumber(request.operands[1]);
-    if (!IsTicketNumber(number)) {
-        throw Refusal(Ending::WrongUsage, "a ticket number lies between " + TicketNumbers(" and "));
-    }
-    if (IsStandardInput(request.operands[0]) && IsStandardInput(request.operands[2])) {
-        throw Refusal(Ending::WrongUsage, "block and ticket cannot both come from standard input");
-    }
-    const std::string record = RecordIn(request.operands[2], number);
-    OpenedBlock file(request.operands[0], Purpose::Make);
+void PutInto(OpenedBlock& file, const Request& request, int number, const std::string& record) {
     RequireChangeable(request, file);
-    if (file.Holds(number) && !request.force) {
+    if (file.Holds(number) && !request.force && !request.keepKey) {
         throw Refusal(Ending::CouldNot,
-                      "ticket " + request.operands[1] + " exists already; --force replaces it");
+                      "ticket " + std::to_string(number) + " exists already; --force replaces it");
     }
+    const KeyTickets keys = file.Block.KeyTicket;
     if (file.Block.PutRecord(number, record) == PutResult::TooBig) {
         throw Refusal(Ending::CouldNot,
                       "the ticket is too big: it has " +
                           std::to_string(record.size() / WordDigits) + " words, " +
                           std::to_string(file.Block.BufferFree / WordDigits) + " are free");
     }
+    if (request.keepKey && file.Block.KeyTicket != keys) {
+        file.Block.SetKeys(keys);
+    }
     file.Save();
 }
 
-void Delete(const Request& request) {
-    const int number = TicketNumber(request.operands[1]);
-    OpenedBlock file(request.operands[0], Purpose::Change);
-    file.RequireTicket(number);
-    RequireChangeable(request, file);
-    file.Block.RemoveTicketRecord(number);
-    file.Save();
+BlockTask Put(const Request& request) {
+    const int number = TicketNumber(request.operands[0]);
+    const std::string& ticket = request.operands[1];
+    if (!IsTicketNumber(number)) {
+        throw Refusal(Ending::WrongUsage, "a ticket number lies between " + TicketNumbers(" and "));
+    }
+    if (IsStandardInput(ticket) && IsStandardInput(request.blocks[0])) {
+        throw Refusal(Ending::WrongUsage, "block and ticket cannot both come from standard input");
+    }
+    // A name that matches nothing, such as "*.VRB", is no block to be made among several.
+    const Purpose purpose = request.number.empty() ? Purpose::Make : Purpose::Change;
+    return [=, record = RecordIn(ticket, number)](const std::string& path) {
+        OpenedBlock file(path, purpose);
+        PutInto(file, request, number, record);
+        return "";
+    };
 }
 
-void Bind(const Request& request) {
-    const int number = TicketNumber(request.operands[1]);
-    const int key = KeyIndex(request.operands[2]);
-    OpenedBlock file(request.operands[0], Purpose::Change);
-    file.RequireTicket(number);
-    RequireChangeable(request, file);
-    file.Block.Bind(number, key);
-    file.Save();
+// Changes a ticket that must be there.
+template <class Change>
+BlockTask Changing(const Request& request, int number, Change change) {
+    return [=](const std::string& path) {
+        OpenedBlock file(path, Purpose::Change);
+        file.RequireTicket(number);
+        RequireChangeable(request, file);
+        change(file.Block);
+        file.Save();
+        return "";
+    };
+}
+
+BlockTask Delete(const Request& request) {
+    const int number = TicketNumber(request.operands[0]);
+    return Changing(request, number, [=](TicketBlock& block) { block.RemoveTicketRecord(number); });
+}
+
+BlockTask Bind(const Request& request) {
+    const int number = TicketNumber(request.operands[0]);
+    const int key = KeyIndex(request.operands[1]);
+    return Changing(request, number, [=](TicketBlock& block) { block.Bind(number, key); });
 }
 
 constexpr Subcommand AllCommands[] = {
-    {"list", "BLOCK", "--force --json", "list the tickets and the letters of their keys", List},
+    {"list", "BLOCK...", "--force --json", "list the tickets and the letters of their keys", List},
     {"show", "BLOCK NUMBER", "--catalogues --force", "show a ticket as text", Show},
     {"print", "BLOCK NUMBER", "--catalogues --force --svg --values --width",
      "show a ticket as it is printed, with sample values", Print},
-    {"check", "BLOCK", "--json", "tell what is wrong with a block file", Check},
+    {"check", "BLOCK...", "--catalogues --json --strict --width",
+     "tell what is wrong with block files", Check},
     {"extract", "BLOCK NUMBER TICKET", "--catalogues --force",
      "write a ticket of the block into a ticket file", Extract},
-    {"put", "BLOCK NUMBER TICKET", "--force", "put a ticket file into the block, made if missing",
-     Put},
-    {"delete", "BLOCK NUMBER", "--force", "take a ticket out of the block", Delete},
-    {"bind", "BLOCK NUMBER KEY", "--force", "let Print, Start, In, Out or none print the ticket",
-     Bind},
+    {"put", "BLOCK NUMBER TICKET", "--force --keep-key --number",
+     "put a ticket file into the block, made if missing", Put, "TICKET BLOCK..."},
+    {"delete", "BLOCK NUMBER", "--force --number", "take a ticket out of the block", Delete,
+     "BLOCK..."},
+    {"bind", "BLOCK NUMBER KEY", "--force --number",
+     "let Print, Start, In, Out or none print the ticket", Bind, "KEY BLOCK..."},
     {"new", "BLOCK", "--force", "make a block without tickets", New},
     {"text", "BLOCK [NUMBER]", "--catalogues --comments",
      "write the block, or one ticket, as text that can be edited", Text},

@@ -37,7 +37,12 @@ std::string HelpText() {
 
 std::string HelpText(const Subcommand& command) {
     std::string text = "Usage: varno-tickets " + std::string(command.name) + " " +
-                       std::string(command.operands) + "\n" + std::string(command.help) + "\n\n";
+                       std::string(command.operands) + "\n";
+    if (!command.operandsOfMany.empty()) {
+        text += "       varno-tickets " + std::string(command.name) + " --number NUMBER " +
+                std::string(command.operandsOfMany) + "\n";
+    }
+    text += std::string(command.help) + "\n\n";
     for (const Option& option : Options()) {
         if (Takes(command, option.name)) {
             text += Row("  " + std::string(option.name) + " " + std::string(option.argument),

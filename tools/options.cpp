@@ -1,6 +1,7 @@
 #include "tools/options.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "tools/refusal.h"
 
@@ -16,17 +17,20 @@ constexpr Option AllOptions[] = {
     {"--force", "", "replace what exists, change a damaged block; also -f", &Request::force},
     {"--help", "", "this text; also -h", &Request::help},
     {"--json", "", "answer in JSON, for scripts", &Request::json},
+    {"--keep-key", "", "replace the ticket and leave its keys to it", &Request::keepKey},
     {"--link", "COM3", "let the port be the DEVICE", &Request::link},
+    {"--number", "NUMBER", "the ticket, in each of several blocks; also -n", &Request::number},
     {"--port", "PORT", "COM3 or a device (as the window has it)", &Request::port},
     {"--settings", "SETTINGS", "of the line, such as 9600,n,8,1 (as the window has them)",
      &Request::settings},
+    {"--strict", "", "tell too what is sound but suspect", &Request::strict},
     {"--svg", "FILE", "make a picture", &Request::svgFile},
     {"--unlink", "COM3", "let the port be no chosen device any more", &Request::unlink},
     {"--values", "FILE", "print other values than the samples, such as P012=9999",
      &Request::valuesFile},
     {"--version", "", "the version", &Request::version},
     {"--wait", "SECONDS", "give up when nothing moves for so long", &Request::wait},
-    {"--width", "COLUMNS", "print on paper of this width", &Request::width},
+    {"--width", "COLUMNS", "of the paper (as the effects of codes say)", &Request::width},
 };
 
 // Whether `words`, separated by blanks, holds the word.
@@ -35,17 +39,24 @@ bool Holds(std::string_view words, std::string_view word) {
     return all.find(" " + std::string(word) + " ") != std::string::npos;
 }
 
-bool TakesOperands(const Subcommand& command, std::size_t count) {
-    const auto words = [&](char separator) {
-        return static_cast<std::size_t>(
-            std::count(command.operands.begin(), command.operands.end(), separator));
-    };
-    const std::size_t most = command.operands.empty() ? 0 : words(' ') + 1;
-    return count <= most && count + words('[') >= most;
+std::size_t Count(std::string_view text, char character) {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), character));
+}
+
+bool Fits(std::size_t count, std::string_view operands) {
+    const std::size_t most = operands.empty() ? 0 : Count(operands, ' ') + 1;
+    return count + Count(operands, '[') >= most && (count <= most || operands.ends_with("..."));
 }
 
 std::string LongName(const std::string& name) {
-    return name == "-f" ? "--force" : name == "-h" ? "--help" : name;
+    constexpr std::pair<std::string_view, std::string_view> shortNames[] = {
+        {"-f", "--force"}, {"-h", "--help"}, {"-n", "--number"}};
+    for (const auto& [shortName, longName] : shortNames) {
+        if (name == shortName) {
+            return std::string(longName);
+        }
+    }
+    return name;
 }
 
 const Option& OptionNamed(const std::string& name) {
@@ -79,6 +90,29 @@ std::size_t TakeOption(const std::string& argument, const char* next, Request& r
                       (option.argument.empty() ? "nothing" : std::string(option.argument)));
 }
 
+// Takes the blocks out of the operands: the first one, or all behind the others.
+void SetBlocksApart(Request& request, std::string_view wanted) {
+    auto& operands = request.operands;
+    const bool many = wanted.ends_with("...");
+    const auto first =
+        operands.begin() + (many ? static_cast<std::ptrdiff_t>(Count(wanted, ' ')) : 0);
+    const auto last = many ? operands.end() : first + 1;
+    request.blocks.assign(first, last);
+    operands.erase(first, last);
+    if (!request.number.empty()) {
+        operands.insert(operands.begin(), request.number);
+    }
+}
+
+void RequireOperands(const Request& request, std::string_view wanted) {
+    if (!Fits(request.operands.size(), wanted)) {
+        const std::string name(request.command->name);
+        throw Refusal(Ending::WrongUsage,
+                      name + (request.number.empty() ? "" : " --number") + " takes " +
+                          (wanted.empty() ? "no operands" : std::string(wanted)));
+    }
+}
+
 // The operands of the request as its command wants them, without its name.
 void TakeOperands(Request& request) {
     auto& operands = request.operands;
@@ -90,11 +124,13 @@ void TakeOperands(Request& request) {
             throw Refusal(Ending::WrongUsage, std::string(command.name) + " takes no " + option);
         }
     }
-    if (!request.help && !TakesOperands(command, operands.size())) {
-        throw Refusal(
-            Ending::WrongUsage,
-            std::string(command.name) + " takes " +
-                (command.operands.empty() ? "no operands" : std::string(command.operands)));
+    if (request.help) {
+        return;
+    }
+    const auto wanted = request.number.empty() ? command.operands : command.operandsOfMany;
+    RequireOperands(request, wanted);
+    if (std::holds_alternative<BlockTask (*)(const Request&)>(command.run)) {
+        SetBlocksApart(request, wanted);
     }
 }
 

@@ -36,6 +36,8 @@ int PaperWidth(const std::string& text) {
     return width;
 }
 
+}  // namespace
+
 Effects EffectsFor(const Request& request) {
     Effects effects;
     const int width = request.width.empty() ? 0 : PaperWidth(request.width);
@@ -49,8 +51,6 @@ Effects EffectsFor(const Request& request) {
     }
     return effects;
 }
-
-}  // namespace
 
 void PrintBody(const Request& request, std::span<const Word> body) {
     const Paper paper = LayOut(body, EffectsFor(request));

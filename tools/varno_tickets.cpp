@@ -5,6 +5,7 @@
 
 #include "platform/files.h"
 #include "platform/version.h"
+#include "tools/each_block.h"
 #include "tools/help.h"
 #include "tools/options.h"
 #include "tools/refusal.h"
@@ -34,7 +35,7 @@ void Run(const char* program, std::span<char*> arguments) {
     } else if (request.command == nullptr) {
         throw Refusal(Ending::WrongUsage, "which command?");
     } else {
-        request.command->run(request);
+        RunCommand(request);
     }
 }
 

@@ -140,6 +140,67 @@ expect 1 "varno-tickets: 212.txt:2:1: The text of a block begins with the line \
 expect 0 "" new new.VRB
 expect 3 "varno-tickets: new.VRB exists already; --force replaces it" new new.VRB
 
+# What is sound but suspect; codes whose effects are unknown have no width.
+printf 'ticket %s\n|%s' 212 '{C017}{C099}{P777}{W1800}{A27}0123456789¬
+|{P001}{P002}{C020}{C099}x¬
+|{C021}{C022}0123456789+¬' >212.txt
+expect 0 "" put suspect.VRB 212 212.txt
+expect 0 "" put suspect.VRB 300 AB.VRT
+"$tool" text suspect.VRB | sed '2s/.*/order 212:PI 300\nfill 0001/' >suspect.txt
+expect 0 "" build -f suspect.txt suspect.VRB
+cp "$samples"/*Codes.txt effects
+printf '%s\n' 'width 10' '017 bold on' '019 double width on' '020 double width off' '021 inverse on' \
+    '022 inverse off' 'P001 11 "4711"' >'effects/Varno Code Effects.txt'
+suspects='suspect.VRB: Ticket 212: no catalogue has C099 and P777.
+suspect.VRB: Ticket 212: W1800 is no code.
+suspect.VRB: Ticket 212: lines wider than the 10 columns of the paper: 2 and 3.
+suspect.VRB: Ticket 212 switches on and never off: bold.
+suspect.VRB: Ticket 212 is bound to Print and In.
+suspect.VRB: Keys without a ticket: Start and Out; tickets without a key: 300.
+suspect.VRB: Words are left over behind the keys: 1.'
+expect 1 "$suspects
+varno-tickets: suspect.VRB: the block is sound but suspect" check --strict --catalogues=effects suspect.VRB
+expect 1 "$(grep --invert-match wider <<<"$suspects")
+varno-tickets: suspect.VRB: the block is sound but suspect" \
+    check --strict --catalogues=effects --width=12 suspect.VRB
+expect 3 "varno-tickets: none/Varno Control Codes.txt: No such file or directory" \
+    check --strict --catalogues=none suspect.VRB
+expect 0 "" build block.txt clean.VRB
+expect 0 "clean.VRB: sound; tickets: 1, free words: 1991" \
+    check --strict --catalogues=effects clean.VRB
+
+# Several at once: each is done whole or refused, and the worst is the exit code.
+expect 0 "" new empty.VRB
+printf ':' >torn.VRB
+several=(clean.VRB empty.VRB missing.VRB suspect.VRB torn.VRB)
+expect 3 "
+clean.VRB    done
+empty.VRB    done
+missing.VRB  refused  No such file or directory
+suspect.VRB  done
+torn.VRB     fault    this is no whole ticket block
+varno-tickets: not all blocks are done" put -n 212 - "${several[@]}" --keep-key <AB.VRT
+expect 0 $'clean.VRB:\n212  P\nsuspect.VRB:\n212  P I\n300\n\nclean.VRB    done\nsuspect.VRB  done' \
+    list clean.VRB suspect.VRB
+expect 3 $'{"block":"clean.VRB","tickets":[{"number":212,"keys":["Print"]}]}\nvarno-tickets: missing.VRB: No such file or directory\nvarno-tickets: not all blocks are done' \
+    list --json clean.VRB missing.VRB
+expect 1 "torn.VRB: $(printf '%s\ntorn.VRB: ' 'It has 1 characters; a block has 8007.' 'It has no end marker behind its tickets.')It must be one line ended by CR LF, with nothing behind it.
+
+clean.VRB  done     sound; tickets: 1, free words: 1991
+torn.VRB   fault    the block is damaged
+varno-tickets: not all blocks are done" check clean.VRB torn.VRB
+expect 0 "suspect.VRB: Print no longer prints ticket 212
+suspect.VRB: In no longer prints ticket 212
+
+empty.VRB    done
+suspect.VRB  done" bind -n 212 none empty.VRB suspect.VRB
+expect 3 "
+empty.VRB    refused  there is no ticket 300
+suspect.VRB  done
+varno-tickets: not all blocks are done" delete -n 300 empty.VRB suspect.VRB
+expect 2 $'varno-tickets: standard input is no block among several\nvarno-tickets --help tells more.' \
+    list clean.VRB -
+
 # A damaged block is read, but changed only when told to.
 printf '%s\n' "${sound/27F4/27F5}" >block.VRB
 damaged="varno-tickets: block.VRB: the block is damaged"
@@ -158,6 +219,7 @@ expect 2 "varno-tickets: there is no command \"open\"$usage" open block.VRB
 expect 2 "varno-tickets: \"x\" is no ticket number$usage" show block.VRB x
 expect 2 "varno-tickets: a ticket number lies between 200 and 999$usage" put block.VRB 199 AB.VRT
 expect 2 "varno-tickets: put takes BLOCK NUMBER TICKET$usage" put block.VRB 212
+expect 2 "varno-tickets: put --number takes TICKET BLOCK...$usage" put -n 212 AB.VRT
 expect 2 "varno-tickets: list takes no --svg$usage" list block.VRB --svg=x
 expect 2 "varno-tickets: --width takes COLUMNS$usage" print block.VRB 212 --width
 expect 2 "varno-tickets: --force takes nothing$usage" --force=x list block.VRB
