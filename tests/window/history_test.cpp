@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "block/block_file.h"
 #include "codec/utf8.h"
 #include "platform/rtf/rtf_reader.h"
@@ -17,12 +19,13 @@ class HistoryOfTheWindow : public testing::Test {
     std::string Kept() const {
         std::string kept;
         std::vector<Copy> copies = History(HistoryFolder()).Copies();
-        for (auto copy = copies.rbegin(); copy != copies.rend(); ++copy) {
+        std::reverse(copies.begin(), copies.end());
+        for (const Copy& copy : copies) {
             std::string bytes;
-            EXPECT_EQ(History(HistoryFolder()).Read(*copy, bytes), std::nullopt);
-            const std::string fileName = FileNameOf(*copy);
+            EXPECT_EQ(History(HistoryFolder()).Read(copy, bytes), std::nullopt);
+            const std::string fileName = FileNameOf(copy);
             kept += fileName.substr(fileName.find('_') + 1) + ":";
-            kept += copy->kind == CopyKind::Block ? Numbers(ImageIn(bytes)) : TextOf(bytes);
+            kept += copy.kind == CopyKind::Block ? Numbers(ImageIn(bytes)) : TextOf(bytes);
             kept += "\n";
         }
         return kept;
