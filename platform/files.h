@@ -54,7 +54,8 @@ std::vector<FileEntry> FilesIn(const std::string& folder);
 [[nodiscard]] Error RemoveFile(const std::string& path);
 
 // A file that grows beyond its limit, or a pipe whose reader has gone, is an error like others from
-// now on and does not end the program. Each program calls this at its start.
+// now on and does not end the program. No file gets the number of a standard stream that is closed:
+// what the program says would be written into it. Each program calls this at its start.
 void SurviveFailedWrites();
 
 // Held while a file is read, changed and written: of several programs that do so at once, each sees

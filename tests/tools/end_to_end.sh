@@ -94,6 +94,11 @@ expect 0 "$(printf '%s\n' '212  P' {300..307})" list ours.VRB
 tr A-F a-f <block.VRB >small.VRB
 expect 0 "small.VRB: Print no longer prints ticket 212" bind small.VRB 212 none
 expect 0 "small.VRB: sound; tickets: 1, free words: 1991" check small.VRB
+# What nobody can hear is not said into the block, which is written in place for its second name.
+ln small.VRB second.VRB
+"$tool" bind small.VRB 212 Print
+"$tool" bind small.VRB 212 none 2>&-
+expect 0 "second.VRB: sound; tickets: 1, free words: 1991" check second.VRB
 
 # On paper, by the effects of a folder and the user's over them; the simulated indicator prints the same.
 export XDG_DATA_HOME="$PWD"
