@@ -49,10 +49,8 @@ Content Required(const std::string& path, std::variant<Content, BlockTextFault> 
     return std::get<Content>(std::move(read));
 }
 
-// A sound block, from a block file or a text.
-ReadBlock BlockIn(const std::string& givenPath) {
-    const std::string path = PathMeantBy(givenPath);
-    const std::string bytes = WholeText(path);
+// A sound block, from what a block file or a text holds.
+ReadBlock BlockOf(const std::string& path, const std::string& bytes) {
     if (!bytes.starts_with(':')) {
         return {Required(path, ReadBlockText(bytes)), true};
     }
@@ -62,6 +60,18 @@ ReadBlock BlockIn(const std::string& givenPath) {
                       path + ": the block is damaged (varno-tickets check tells how)");
     }
     return {ContentOf(image), false};
+}
+
+ReadBlock BlockIn(const std::string& givenPath) {
+    const std::string path = PathMeantBy(givenPath);
+    return BlockOf(path, WholeText(path));
+}
+
+// Of a block that both sides made anew git gives an empty file for the base.
+BlockContent BaseIn(const std::string& givenPath) {
+    const std::string path = PathMeantBy(givenPath);
+    const std::string bytes = WholeText(path);
+    return bytes.empty() ? BlockContent() : BlockOf(path, bytes).content;
 }
 
 // The same, or the one of the indicator at a port.
@@ -144,8 +154,8 @@ void MergeBlocks(const Request& request) {
     FileLock lock;
     TakeToChange(lock, path);
     const ReadBlock ours = BlockIn(path);
-    const MergedBlock merged = Merge(BlockIn(request.operands[0]).content, ours.content,
-                                     BlockIn(request.operands[2]).content);
+    const MergedBlock merged =
+        Merge(BaseIn(request.operands[0]), ours.content, BlockIn(request.operands[2]).content);
     for (const std::string& conflict : merged.conflicts) {
         std::cerr << path << ": " << conflict << '\n';
     }

@@ -10,7 +10,7 @@ export HOME="$PWD" GIT_CONFIG_NOSYSTEM=1 GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@b 
 fail() { echo "$1"; exit 1; }
 # A ticket of one line, as text.
 ticket() { printf 'ticket %s\n|%s¬\n' "$1" "$2"; }
-put() { ticket "$1" "$2" | varno-tickets put --force shop.VRB "$1" -; }
+put() { ticket "$1" "$2" | varno-tickets put --force "${3:-shop.VRB}" "$1" -; }
 
 git init --quiet --initial-branch=main
 echo '*.VRB diff=varno merge=varno' >.gitattributes
@@ -23,16 +23,21 @@ git commit --quiet --message=base
 git checkout --quiet -b theirs
 put 400 'their own'
 put 900 'their totals'
+put 400 'a block on both sides' new.VRB
+git add new.VRB
 git commit --quiet --all --message=theirs
 git diff main shop.VRB | grep --quiet '^+|their totals¬$' || fail "The difference is not told in text."
 
 git checkout --quiet main
 put 500 'our own'
+put 500 'a block on both sides' new.VRB
+git add new.VRB
 git commit --quiet --all --message=ours
 git merge --quiet --no-edit theirs
 [[ $(varno-tickets list shop.VRB | tr -s '\n ' ' ') == '200 I 210 O 212 P 220 300 400 500 900 ' ]] ||
     fail "The merged block has other tickets: $(varno-tickets list shop.VRB)"
 varno-tickets check shop.VRB >/dev/null
+[[ $(varno-tickets list new.VRB) == $'400\n500' ]] || fail "The new blocks are not one."
 
 # Both sides change the same ticket.
 git checkout --quiet -b other theirs
