@@ -27,6 +27,27 @@ constexpr std::array RtfTypes{TicketType, "text/rtf", "application/rtf", "text/r
 // In UTF-16 units: reading it takes about a second. Markup is several times as long as its text.
 constexpr qsizetype LongestSource = 8 * MostCharacters;
 
+// Qt's reader takes a second for so many elements within each other, and for more the square of it.
+constexpr int DeepestMarkup = 10'000;
+
+// Whether more elements are open at once; those that are never closed count, but for the two that
+// never need to be.
+bool IsTooDeep(const QString& html) {
+    int depth = 0;
+    for (qsizetype at = html.indexOf(u'<'); at >= 0; at = html.indexOf(u'<', at + 1)) {
+        const QStringView tag = QStringView(html).mid(at + 1, 3);
+        const bool isSingle = tag.startsWith(u"br", Qt::CaseInsensitive) ||
+                              tag.startsWith(u"img", Qt::CaseInsensitive);
+        if (tag.startsWith(u'/')) {
+            depth = std::max(depth - 1, 0);
+        } else if (!tag.isEmpty() && tag.front().isLetter() && !isSingle &&
+                   ++depth > DeepestMarkup) {
+            return true;
+        }
+    }
+    return false;
+}
+
 std::u16string Decomposed(char32_t c) {
     return QString::fromUcs4(&c, 1).normalized(QString::NormalizationForm_KD).toStdU16String();
 }
@@ -77,7 +98,7 @@ std::optional<MarkedText> Offered(const QMimeData& source, Colour typing) {
     }
     const QString html = source.html();
     const QString text = source.text();
-    if (tooLong || std::max(html.size(), text.size()) > LongestSource) {
+    if (tooLong || std::max(html.size(), text.size()) > LongestSource || IsTooDeep(html)) {
         return std::nullopt;
     }
     MarkedText plain;

@@ -94,6 +94,7 @@ TEST_F(Clipboard, TakesNoMoreThanTheEditorLaysOut) {
     refuses(MostLines - 2, [&] { Paste("text/plain", "1\n2\n"); });
     refuses(MostLines - 2, [&] { Paste("text/rtf", "{\\rtf1 1\\par 2\\par\\par}"); });
     refuses(MostLines - 2, [&] { Paste("text/html", QByteArray(8 * MostCharacters + 1, 'x')); });
+    refuses(MostLines - 2, [&] { Paste("text/html", QByteArray("<b>x").repeated(100'000)); });
     refuses(MostLines - 2, [&] { lines.Append(u"\r\n\r\n", {}), box.SetContent(lines); });
     QTest::keyClick(edit, Qt::Key_Return);
     refuses(MostLines - 1, [&] { QTest::keyClick(edit, Qt::Key_Return); });
