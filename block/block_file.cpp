@@ -33,6 +33,13 @@ void CheckFrame(const std::string& image, Faults& faults) {
     }
 }
 
+// What else came over the line in their place may be no character to show.
+std::string ShownDigits(std::string digits) {
+    std::replace_if(
+        digits.begin(), digits.end(), [](char c) { return HexDigit(c) < 0; }, '?');
+    return digits;
+}
+
 void CheckDigits(const std::string& image, Faults& faults) {
     const auto isDigit = [](char c) { return HexDigit(c) >= 0; };
     const auto begin = image.begin() + std::min<std::ptrdiff_t>(1, std::ssize(image));
@@ -53,7 +60,8 @@ void CheckDigits(const std::string& image, Faults& faults) {
     }
     const std::string crc = BufferCrc(std::string_view(image).substr(1, MemoryDigits));
     if (HexAt(image, MemoryDigits + 3, WordDigits) != HexAt(crc, 0, WordDigits)) {
-        faults.push_back("The checksum is " + image.substr(MemoryDigits + 3, WordDigits) +
+        faults.push_back("The checksum is " +
+                         ShownDigits(image.substr(MemoryDigits + 3, WordDigits)) +
                          ", but the memory gives " + crc + ".");
     }
 }

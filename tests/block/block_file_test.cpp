@@ -64,7 +64,9 @@ TEST(Check, FindsFaultsInTheFile) {
         {with(8007, 2, ""), "It must be one line ended by CR LF, with nothing behind it.\n"},
         {with(8009, 0, "x"), "It must be one line ended by CR LF, with nothing behind it.\n"},
         {with(8003, 4, "d492"), ""},
-        {with(8003, 4, "D493"), "The checksum is D493, but the memory gives D492.\n"},
+        {with(8003, 4, "D4!3"),
+         "It holds a character that is no hexadecimal digit (column 8006).\nThe checksum is D4?3, "
+         "but the memory gives D492.\n"},
         {with(5, 1, "1"), "The checksum is D492, but the memory gives 33C9.\n"},
         {with(8001, 2, "01"), "\"00\" is missing between the memory and its checksum.\n"},
         {with(99, 1, "G"), "It holds a character that is no hexadecimal digit (column 100).\n"},
