@@ -12,6 +12,7 @@ namespace varno {
 namespace {
 
 constexpr std::size_t MostFaults = 20;
+constexpr std::size_t MostEffects = 8;    // of a code: paper costs memory
 constexpr std::size_t LongestQuote = 24;  // bytes of a wrong line that its fault shows
 constexpr std::string_view Blanks = " \t\r";
 
@@ -144,6 +145,9 @@ Fault ParseCode(Word code, std::string_view text, Effects& effects) {
             return fault;
         }
         begin = end + 1;
+    }
+    if (list.size() > MostEffects) {
+        return "a code has at most " + std::to_string(MostEffects) + " effects";
     }
     effects.codes[code] = std::move(list);
     return {};

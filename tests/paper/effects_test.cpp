@@ -44,6 +44,7 @@ TEST(Effects, NameAWrongLineAndUseTheRest) {
         {"5 bold", "\"bold\" is no effect"},
         {"5 cut,", "\"\" is no effect"},
         {"5 cut 1", "\"cut 1\" is no effect"},
+        {"5 cut,cut,cut,cut,cut,cut,cut,cut,cut", "a code has at most 8 effects"},
         {"5 " + std::string(99, 'x'), "\"" + std::string(24, 'x') + "...\" is no effect"},
         {"5 feed", "feed takes a number from 1 to 99"},
         {"5 feed 100", "feed takes a number from 1 to 99"},
