@@ -19,11 +19,11 @@ double Milliseconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
 }
 
-double ProcessorTime(const std::string& program, const char* command, const char* block) {
+double ProcessorTime(const std::string& program, const char* command, const std::string& block) {
     const pid_t child = fork();
     if (child == 0) {
         dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
-        execl(program.c_str(), program.c_str(), command, block, nullptr);
+        execl(program.c_str(), program.c_str(), command, block.c_str(), nullptr);
         _exit(127);
     }
     int status = 0;
@@ -45,7 +45,7 @@ int main() {
         times.reserve(varno::Rounds);
         for (int round = 0; round < varno::Rounds; ++round) {
             times.push_back(
-                varno::ProcessorTime(folder / "varno-tickets", command, VARNO_SAMPLE_BLOCK));
+                varno::ProcessorTime(folder / "varno-tickets", command, folder / "Plant.VRB"));
         }
         const double time = varno::Median(times);
         std::printf("processor time of varno-tickets %-6s %25.2f ms (at most %g)%s\n", command,

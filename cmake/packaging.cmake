@@ -9,7 +9,8 @@ set(made ${PROJECT_BINARY_DIR}/packaging)
 
 # All that is installed, without the tests.
 add_custom_target(installed)
-add_dependencies(installed VarnoTicketFormatter varno-indicator varno-tickets catalogues tutorial)
+add_dependencies(installed VarnoTicketFormatter varno-indicator varno-tickets catalogues samples
+    tutorial)
 
 # Every program looks for the catalogues in its own folder, the window for its tutorial too. So all
 # live in one folder, and what is called are links into it. The catalogues are the customer's to
@@ -53,8 +54,8 @@ install(
     RENAME ${package}
 )
 install(
-    DIRECTORY ${PROJECT_SOURCE_DIR}/samples/ DESTINATION share/doc/${package}/examples
-    FILES_MATCHING PATTERN "*.VRB" PATTERN "*.VRT"
+    FILES ${VARNO_SAMPLES} ${PROJECT_SOURCE_DIR}/samples/Plant.txt
+    DESTINATION share/doc/${package}/examples
 )
 
 set(completion ${made}/completion)

@@ -15,7 +15,7 @@ sys.path.insert(0, os.path.join(ROOT, "tests", "program"))
 from indicator_at_work import Indicator  # noqa: E402  (found by the line above)
 from operator_at_work import Program, wait_for, xdotool  # noqa: E402
 
-BLOCK = os.path.join(ROOT, "samples", "Plant.VRB")
+BLOCK = os.path.join(FOLDER, "Plant.VRB")
 MAIN_WINDOW = "VarnoTicketFormatter 1.0.2"
 # What a dark desktop says of itself: the window toolkit reads the colours of KDE without its help.
 DARK_DESKTOP = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true",

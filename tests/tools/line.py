@@ -1,4 +1,4 @@
-"""line.py VARNO-TICKETS SAMPLES: the built tool and the built simulated indicator on one line."""
+"""line.py VARNO-TICKETS: the built tool and the built simulated indicator on one line."""
 
 import json
 import os
@@ -12,7 +12,7 @@ import tempfile
 import threading
 
 TOOL = os.path.realpath(sys.argv[1])
-PLANT = os.path.join(os.path.realpath(sys.argv[2]), "Plant.VRB")
+PLANT = os.path.join(os.path.dirname(TOOL), "Plant.VRB")
 START = "Start TICKET BUFFER TRANSMISSION in Varno now! (parameter 77)"
 PATIENCE = 120  # seconds after which a program hangs
 PAUSE = 3  # seconds in which even a busy machine moves a character
@@ -249,7 +249,7 @@ def numbers_ports():
 
 def runs_the_examples_of_the_manual():
     """Every command, as it stands there; the indicator's panel is worked when it is asked for."""
-    manual = contents(os.path.join(os.path.dirname(PLANT), "../docs/man/varno-tickets.1")).decode()
+    manual = contents(os.path.join(os.path.dirname(__file__), "../../docs/man/varno-tickets.1")).decode()
     examples = manual.split(".SH EXAMPLES")[1].split(".nf\n")[1].split(".fi")[0].replace("\\-", "-")
     commands = set(subprocess.check_output([TOOL, "--help"], text=True).split("\n\n")[1].split("\n"))
     missing = {row.split()[0] for row in commands} - set(re.findall(r"varno-tickets (\w+)", examples))

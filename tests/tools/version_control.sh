@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# version_control.sh VARNO-TICKETS SAMPLES: blocks under git, set up as the manual says.
+# version_control.sh VARNO-TICKETS: blocks under git, set up as the manual says.
 set -euo pipefail
-PATH="$(dirname "$(realpath "$1")"):$PATH"
-samples="$(realpath "$2")"
+built="$(dirname "$(realpath "$1")")"
+PATH="$built:$PATH"
 cd "$(mktemp -d)"
 trap 'rm -rf "$PWD"' EXIT
 export HOME="$PWD" GIT_CONFIG_NOSYSTEM=1 GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@b GIT_COMMITTER_NAME=a \
@@ -16,7 +16,7 @@ git init --quiet --initial-branch=main
 echo '*.VRB diff=varno merge=varno' >.gitattributes
 git config diff.varno.textconv 'varno-tickets textconv'
 git config merge.varno.driver 'varno-tickets merge %O %A %B'
-cp "$samples/Plant.VRB" shop.VRB
+cp "$built/Plant.VRB" shop.VRB
 git add .
 git commit --quiet --message=base
 

@@ -7,7 +7,7 @@
 namespace varno {
 namespace {
 
-const std::string SampleBlock = std::string(VARNO_CATALOGUES) + "/Plant.VRB";
+const std::string SampleBlock = std::string(VARNO_SAMPLES) + "/Plant.VRB";
 
 class StartAndClose : public testing::Test {
   protected:
@@ -105,7 +105,7 @@ TEST_F(StartAndClose, FitsOnTheScreenWhateverIsStored) {
 }
 
 TEST_F(StartAndClose, OpensTheFileOfTheCommandLine) {
-    const std::string ticket = std::string(VARNO_CATALOGUES) + "/Shop1.VRT";
+    const std::string ticket = std::string(VARNO_SAMPLES) + "/Shop1.VRT";
     WriteText(folder.Path("small.vrb"), FileText(SampleBlock));
     struct Row {
         std::string commandLine;
