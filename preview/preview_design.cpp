@@ -26,7 +26,9 @@ constexpr std::array Controls{
     ControlDesign{.name = "PaperWidth",
                   .kind = Kind::DropDownList,
                   .place = {4140, 120, 2640, 330},
-                  .accessibleName = "Paper width"},
+                  .accessibleName = "Paper width",
+                  // To the accessibility bus the name is what the list shows.
+                  .accessibleDescription = "Paper width"},
     ControlDesign{.name = "Paper",
                   .kind = Kind::PaperView,
                   .place = {120, 540, 6660, 6270},

@@ -172,7 +172,9 @@ TEST_F(PreviewTest, TakesTheWidthOfTheEffectsOrAnother) {
     EXPECT_TRUE(Shows(broken));
     EXPECT_EQ(Label("Faults"), "");
     auto* widths = preview->findChild<QComboBox*>("PaperWidth");
-    EXPECT_EQ(widths->currentText(), "24 columns (code effects)");
+    const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(widths);
+    EXPECT_EQ(spoken->text(QAccessible::Value), "24 columns (code effects)");
+    EXPECT_EQ(spoken->text(QAccessible::Description), "Paper width");
     QTest::keyClick(widths, Qt::Key_Down);
     QTest::keyClick(widths, Qt::Key_Down);  // 24 again, then 32
     EXPECT_TRUE(Shows(QString(30, u'x') + u'\n'));
