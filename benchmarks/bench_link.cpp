@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "benchmarks/measure.h"
 #include "block/image.h"
 #include "link/block_transfer.h"
 #include "link/communications.h"
@@ -26,6 +27,7 @@ constexpr int WindowAnswersWithin = 50;  // milliseconds
 // What the indicator waits for: of a download the image without the fill.
 constexpr double DownloadCharacters = 8007;
 constexpr double UploadCharacters = 8009;
+constexpr int CallRounds = 7;
 
 class IndicatorProcess {
   public:
@@ -139,6 +141,62 @@ struct Bench {
         return static_cast<double>(elapsed.nsecsElapsed()) / 1e9;
     }
 
+    // varno-tickets itself, from what it says before it opens the port until the indicator has
+    // captured. What starting any program costs is no matter of the line.
+    double SendSeconds(const QString& settings) {
+        indicator.Command("78", "capturing\n");
+        QProcess tool;
+        Start(tool, {"send", "--settings", settings, SampleBlock()});
+        AwaitPrompt(tool, "78");
+        QElapsedTimer elapsed;
+        elapsed.start();
+        indicator.Answer("captured, 6 tickets");
+        const qint64 time = elapsed.nsecsElapsed();
+        RequireDone(tool);
+        return static_cast<double>(time) / 1e9;
+    }
+    // From the indicator's start, when the tool has asked for it, until the tool has ended.
+    double ReceiveSeconds(const QString& settings) {
+        QProcess tool;
+        Start(tool,
+              {"receive", "--force", "--settings", settings, indicator.Folder() + "/got.VRB"});
+        AwaitPrompt(tool, "77");
+        QElapsedTimer elapsed;
+        elapsed.start();
+        indicator.Command("77");
+        RequireDone(tool);
+        return static_cast<double>(elapsed.nsecsElapsed()) / 1e9;
+    }
+    void Start(QProcess& tool, const QStringList& arguments) const {
+        tool.start(QCoreApplication::applicationDirPath() + "/varno-tickets",
+                   arguments + QStringList{"--port", indicator.Folder() + "/COM1", "--backup",
+                                           indicator.Folder() + "/copies"});
+    }
+    static void AwaitPrompt(QProcess& tool, const QByteArray& parameter) {
+        QByteArray said;
+        WaitFor([&] { return (said += tool.readAllStandardError()).contains(parameter); }, 30000);
+    }
+    static QString SampleBlock() { return QCoreApplication::applicationDirPath() + "/Plant.VRB"; }
+    static void RequireDone(QProcess& tool) {
+        if (!WaitFor([&] { return tool.state() == QProcess::NotRunning; }, 30000) ||
+            tool.exitCode() != 0) {
+            throw std::runtime_error(tool.readAllStandardError().toStdString());
+        }
+    }
+    void Calls(int rate) {
+        indicator.Command("speed " + QByteArray::number(rate));
+        const QString settings = QString::number(rate) + ",n,8,1";
+        std::vector<double> send;
+        std::vector<double> receive;
+        for (int round = 0; round < CallRounds; ++round) {
+            send.push_back(SendSeconds(settings) * rate / 10 / DownloadCharacters);
+            receive.push_back(ReceiveSeconds(settings) * rate / 10 / UploadCharacters);
+        }
+        const std::string at = " at " + std::to_string(rate) + " baud / time of the line";
+        Print(("varno-tickets send" + at).c_str(), Median(send), 1.02);
+        Print(("varno-tickets receive" + at).c_str(), Median(receive), 1.02);
+    }
+
     void Paced(int rate) {
         indicator.Command("speed " + QByteArray::number(rate));
         const GapWatch gaps;
@@ -170,6 +228,7 @@ int main(int argc, char** argv) {
         bench.Unpaced();
         bench.Paced(115200);
         bench.Paced(9600);
+        bench.Calls(115200);
         return 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "bench_link: %s\n", failure.what());
