@@ -23,11 +23,20 @@ std::string Columns(int width) {
     return std::to_string(width) + " columns";
 }
 
+// The file behind what is wrong with it: a long path would leave no room for anything else.
+std::string FaultFirst(const std::string& fault) {
+    const std::size_t name = fault.find(EffectsFileName);
+    const std::size_t end = name + EffectsFileName.size();
+    const bool namesFile = name != std::string::npos && fault.compare(end, 2, ": ") == 0;
+    return namesFile ? fault.substr(end + 2) + " (" + fault.substr(0, end) + ")" : fault;
+}
+
 std::string FirstOf(const std::vector<std::string>& faults) {
-    if (faults.size() < 2) {
-        return faults.empty() ? "" : faults.front();
+    if (faults.empty()) {
+        return "";
     }
-    return faults.front() + " (" + std::to_string(faults.size()) + " faults)";
+    const std::string count = std::to_string(faults.size()) + " faults: ";
+    return (faults.size() > 1 ? count : "") + FaultFirst(faults.front());
 }
 
 std::string Legend() {
