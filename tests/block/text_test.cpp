@@ -232,6 +232,9 @@ TEST(Differences, AreToldInWords) {
     const BlockContent reordered =
         Block("400 300 212:P", {{212, "x¬\n|y¬\n|w¬\n|p¬\n|z"}, {300, "{C017}"}, {400, ""}});
     EXPECT_TRUE(Differences(a, reordered, {"old", "new"}).empty());
+    BlockContent otherEnd = a;
+    otherEnd.tickets.back().end = TicketEnd + 1;
+    EXPECT_EQ(Differences(a, otherEnd, {"old", "new"}).at(1), "  + end " + WordHex(TicketEnd + 1));
 }
 
 TEST(Merge, TakesWhatOneSideChanged) {

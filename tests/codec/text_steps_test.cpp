@@ -33,6 +33,7 @@ TEST(TextSteps, StopWhereThePicturesShow) {
     const Row words[] = {
         {"", "", ""},
         {"Net÷÷5 kg", "Net÷÷|5 |kg|", "|Net÷÷|5 |kg"},
+        {"0:A@Z[a`z", "0|:|A|@|Z|[|a|`|z|", "|0|:|A|@|Z|[|a|`|z"},
         {"a÷¬\n÷b", "a÷|¬\n|÷|b|", "|a÷|¬\n|÷|b"},
         {"ab¬\n¬\n\ncd", "ab|¬\n|¬\n|\n|cd|", "|ab|¬\n|¬\n|\n|cd"},
         {"x{r}C005{g} NET W{k}\ny", "x|{r}C005|{g} |NET |W|{k}\n|y|",
