@@ -154,7 +154,7 @@ def main():
     options = parser.parse_args()
 
     copy_tree()
-    others = rule_tests() + ["varno-tickets", "varno-indicator"]
+    others = rule_tests() + ["varno-tickets", "varno-indicator", "samples"]
     results = json.loads(RESULTS.read_text()) if RESULTS.exists() else {}
     if not results and (verdict := verdict_on_tree(FOLDERS[0], others)) != "survived":
         sys.exit(f"The tree without any change: {verdict}.")
