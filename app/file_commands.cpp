@@ -15,11 +15,13 @@ namespace varno {
 struct FileCommands::Kind {
     const char* extension;
     const char* filter;
+    std::optional<CopyKind> kept;  // as what the history keeps a file that is replaced
 };
 
-const FileCommands::Kind FileCommands::TicketKind{"VRT", "Varno Ticket|*.VRT"};
-const FileCommands::Kind FileCommands::BlockKind{"VRB", "Varno ticket block|*.VRB"};
-const FileCommands::Kind FileCommands::PdfKind{"pdf", "PDF document|*.pdf"};
+const FileCommands::Kind FileCommands::TicketKind{"VRT", "Varno Ticket|*.VRT", CopyKind::Ticket};
+const FileCommands::Kind FileCommands::BlockKind{"VRB", "Varno ticket block|*.VRB",
+                                                 CopyKind::Block};
+const FileCommands::Kind FileCommands::PdfKind{"pdf", "PDF document|*.pdf", {}};
 
 namespace {
 
@@ -114,7 +116,7 @@ void FileCommands::SaveTicket_Click() {
     const std::string name = controls_.TicketName.Caption();
     if (name.empty()) {
         SaveTicketAs_Click();
-    } else if (Write(state_.folders.SaveTicketFolder + name + ".VRT", TicketBytes())) {
+    } else if (Write(TicketKind, state_.folders.SaveTicketFolder + name + ".VRT", TicketBytes())) {
         state_.TicketChanged = false;
     }
 }
@@ -122,7 +124,7 @@ void FileCommands::SaveTicket_Click() {
 void FileCommands::SaveTicketAs_Click() {
     const auto chosen = ChooseNewFile(TicketKind, state_.folders.SaveTicketFolder,
                                       controls_.TicketName.Caption() + ".VRT");
-    if (!chosen || !Write(chosen->fileName, TicketBytes())) {
+    if (!chosen || !Write(TicketKind, chosen->fileName, TicketBytes())) {
         return;
     }
     ShowName(controls_.TicketName, chosen->fileTitle, TicketKind.extension);
@@ -133,7 +135,7 @@ void FileCommands::SaveTicketAs_Click() {
 void FileCommands::SaveList_Click() {
     const auto chosen = ChooseNewFile(BlockKind, state_.folders.SaveListFolder,
                                       controls_.ListName.Caption() + ".VRB");
-    if (!chosen || !Write(chosen->fileName, BlockFileBytes(state_.block.TicketBuffer))) {
+    if (!chosen || !Write(BlockKind, chosen->fileName, BlockFileBytes(state_.block.TicketBuffer))) {
         return;
     }
     ShowName(controls_.ListName, chosen->fileTitle, BlockKind.extension);
@@ -143,7 +145,7 @@ void FileCommands::SaveList_Click() {
 
 void FileCommands::SavePdfAs(const std::string& name, const std::string& bytes) {
     if (const auto chosen = ChooseNewFile(PdfKind, state_.folders.SaveTicketFolder, name)) {
-        Write(chosen->fileName, bytes);
+        Write(PdfKind, chosen->fileName, bytes);
     }
 }
 
@@ -171,9 +173,11 @@ bool FileCommands::ConfirmOverwriting(const ChosenFile& chosen) {
 }
 
 // Says why when the file cannot be written; the old one is whole then.
-bool FileCommands::Write(const std::string& path, const std::string& bytes) {
+bool FileCommands::Write(const Kind& kind, const std::string& path, const std::string& bytes) {
     const std::string meant = FileMeantBy(path);
-    safekeeping_.BeforeReplacing(meant);
+    if (kind.kept) {
+        safekeeping_.BeforeReplacing(meant, *kind.kept);
+    }
     const Error error = WriteFile(meant, bytes);
     if (error) {
         dialogs_.ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);

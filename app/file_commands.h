@@ -60,7 +60,7 @@ class FileCommands {
     std::optional<ChosenFile> ChooseNewFile(const Kind& kind, const std::string& folder,
                                             const std::string& name);
     bool ConfirmOverwriting(const ChosenFile& chosen);
-    bool Write(const std::string& path, const std::string& bytes);
+    bool Write(const Kind& kind, const std::string& path, const std::string& bytes);
     std::string TicketBytes() const;
 
     FileControls controls_;

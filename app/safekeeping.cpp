@@ -76,17 +76,17 @@ void Safekeeping::KeepBlock(Cause cause, const std::string& port) {
 }
 
 // Larger files are none of ours, and a folder or a device is not replaced.
-void Safekeeping::BeforeReplacing(const std::string& path) {
+void Safekeeping::BeforeReplacing(const std::string& path, CopyKind kind) {
     constexpr std::size_t MostBytes = 4'000'000;
     std::string bytes;
     if (ReadFile(path, bytes, MostBytes + 1) || bytes.size() > MostBytes) {
         return;
     }
-    const bool isBlock = EndsIn(path, "VRB");
-    keeper_.Keep({.cause = Cause::Save,
-                  .name = LabelForm(BareName(path), isBlock ? "VRB" : "VRT").value_or(""),
-                  .kind = isBlock ? CopyKind::Block : CopyKind::Ticket},
-                 std::move(bytes));
+    keeper_.Keep(
+        {.cause = Cause::Save,
+         .name = LabelForm(BareName(path), kind == CopyKind::Block ? "VRB" : "VRT").value_or(""),
+         .kind = kind},
+        std::move(bytes));
 }
 
 }  // namespace varno

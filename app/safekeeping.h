@@ -26,8 +26,8 @@ class Safekeeping {
     // Makes every copy that the table names for the event.
     void On(CommandEvent event);
 
-    // The file that a save is about to replace, as it is; nothing where there is none.
-    void BeforeReplacing(const std::string& path);
+    // The file that a save of this kind is about to replace, as it is; nothing where there is none.
+    void BeforeReplacing(const std::string& path, CopyKind kind);
 
   private:
     void KeepTicket(Cause cause);
