@@ -1,11 +1,11 @@
 #include "block/block_text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 #include <utility>
 #include <vector>
 
+#include "block/block_text_line.h"
 #include "block/image.h"
 #include "block/rows.h"
 
@@ -57,68 +57,7 @@ std::string OddLines(const BlockContent& content) {
     return lines + FillLines(content.fill);
 }
 
-struct Fault : BlockTextFault {};
-
-// A line of the text, taken apart at its blanks.
-class Line {
-  public:
-    Line(std::string_view text, std::size_t number) : text_(text), number_(number) {}
-
-    std::string_view Text() const { return text_; }
-    bool IsTicketText() const { return text_.starts_with('|'); }
-    bool IsRemark() const {
-        return text_.starts_with('#') || text_.find_first_not_of(" \t") == std::string_view::npos;
-    }
-    bool AtEnd() const { return text_.find_first_not_of(' ', next_) == std::string_view::npos; }
-
-    // The next word of the line, which must be there.
-    std::string_view Word(const char* wanted) {
-        begin_ = std::min(text_.find_first_not_of(' ', next_), text_.size());
-        next_ = std::min(text_.find(' ', begin_), text_.size());
-        if (begin_ == next_) {
-            Refuse(wanted);
-        }
-        return text_.substr(begin_, next_ - begin_);
-    }
-    varno::Word HexWord() {
-        const std::string_view digits = Word("Four hexadecimal digits are missing here.");
-        varno::Word word = 0;
-        const auto [end, error] =
-            std::from_chars(digits.data(), digits.data() + digits.size(), word, 16);
-        if (error != std::errc() || end != digits.data() + digits.size() || digits.size() != 4) {
-            Refuse("These are not four hexadecimal digits.");
-        }
-        return word;
-    }
-    // The number at the start of `word`, which the line gave last.
-    int TicketNumber(std::string_view word) {
-        int number = 0;
-        const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-        if (error != std::errc() || end != word.data() + word.size() || !IsTicketNumber(number)) {
-            Refuse("A ticket number lies between " + TicketNumbers(" and ") + ".");
-        }
-        return number;
-    }
-    void RequireEnd() {
-        if (AtEnd()) {
-            return;
-        }
-        Word("");
-        Refuse("The line should end before this.");
-    }
-    [[noreturn]] void Refuse(const std::string& what) const { RefuseAt(begin_ + 1, what); }
-    [[noreturn]] void RefuseAt(std::size_t column, const std::string& what) const {
-        throw Fault{{number_, column, what}};
-    }
-
-  private:
-    std::string_view text_;
-    std::size_t number_;
-    std::size_t begin_ = 0;  // of the word taken last
-    std::size_t next_ = 0;   // behind it
-};
-
-// Reads a text line by line; throws a Fault.
+// Reads a text line by line; throws a BlockTextError.
 class Reader {
   public:
     explicit Reader(std::string_view text) : rest_(text) {
@@ -140,12 +79,12 @@ class Reader {
             titled ? ReadBlockLine(*line) : void(titled = true);
         }
         if (!titled) {
-            Line("", lines_ + 1).Refuse("The text is empty.");
+            BlockTextLine("", lines_ + 1).Refuse("The text is empty.");
         }
         SortByOrder();
         RequireKeysTickets();
         if (content_.Words() > MemoryWords) {
-            Line("", lines_)
+            BlockTextLine("", lines_)
                 .Refuse("The tickets and what follows them take " +
                         std::to_string(content_.Words()) + " words; there are " +
                         std::to_string(MemoryWords) + ".");
@@ -158,19 +97,22 @@ class Reader {
             if (line->IsRemark()) {
                 continue;
             }
+            if (line->Text() == Title) {
+                line->Refuse("This is the text of a whole block; one ticket is wanted.");
+            }
             if (content_.tickets.size() == 1 && line->Text().starts_with("ticket ")) {
                 line->Refuse("There is a second ticket.");
             }
             ReadTicketLines(*line);
         }
         if (content_.tickets.empty()) {
-            Line("", lines_ + 1).Refuse("The text is empty.");
+            BlockTextLine("", lines_ + 1).Refuse("The text is empty.");
         }
         return std::move(content_.tickets.front());
     }
 
   private:
-    std::optional<Line> NextLine() {
+    std::optional<BlockTextLine> NextLine() {
         if (rest_.empty()) {
             return std::nullopt;
         }
@@ -180,14 +122,14 @@ class Reader {
         if (line.ends_with('\r')) {
             line.remove_suffix(1);
         }
-        return Line(line, ++lines_);
+        return BlockTextLine(line, ++lines_);
     }
 
-    void ReadBlockLine(Line& line) {
+    void ReadBlockLine(BlockTextLine& line) {
         if (line.IsTicketText()) {
             return ReadTicketLines(line);
         }
-        const std::string_view keyword = Line(line).Word("");
+        const std::string_view keyword = BlockTextLine(line).Word("");
         if (keyword == "order") {
             ReadOrder(line);
         } else if (keyword == "key") {
@@ -206,7 +148,7 @@ class Reader {
         }
     }
 
-    void ReadOrder(Line& line) {
+    void ReadOrder(BlockTextLine& line) {
         line.Word("");
         if (order_) {
             line.Refuse("There is a second line of the order.");
@@ -217,7 +159,7 @@ class Reader {
         }
     }
 
-    void ReadOrderEntry(Line& line) {
+    void ReadOrderEntry(BlockTextLine& line) {
         const std::string_view entry = line.Word("");
         const std::size_t colon = std::min(entry.find(':'), entry.size());
         const int number = line.TicketNumber(entry.substr(0, colon));
@@ -230,7 +172,7 @@ class Reader {
         }
     }
 
-    void Bind(const Line& line, char letter, Word word) {
+    void Bind(const BlockTextLine& line, char letter, Word word) {
         const auto name = std::ranges::find(KeyNames, letter, [](auto n) { return n.front(); });
         if (name == KeyNames.end()) {
             line.Refuse(std::string("\"") + letter + "\" is no key: P, S, I or O.");
@@ -242,17 +184,17 @@ class Reader {
         content_.keys[key] = word;
     }
 
-    void ReadKey(Line& line) {
+    void ReadKey(BlockTextLine& line) {
         line.Word("");
         const std::string_view letter = line.Word("The letter of a key is missing here.");
-        const Line atLetter = line;
+        const BlockTextLine atLetter = line;
         const Word word = line.HexWord();
         Bind(atLetter, letter.size() == 1 ? letter.front() : '?', word);
         keyWords_.emplace_back(line, word);
         line.RequireEnd();
     }
 
-    void ReadMarker(Line& line) {
+    void ReadMarker(BlockTextLine& line) {
         line.Word("");
         content_.endMarker = line.HexWord();
         if (ClassOf(content_.endMarker) != EndMarkerClass) {
@@ -261,7 +203,7 @@ class Reader {
         line.RequireEnd();
     }
 
-    void ReadDigits(Line& line) {
+    void ReadDigits(BlockTextLine& line) {
         line.Word("");
         content_.smallDigits = line.Word("\"small\" is missing here.") == "small";
         if (!content_.smallDigits) {
@@ -270,7 +212,7 @@ class Reader {
         line.RequireEnd();
     }
 
-    void ReadTicketLines(Line& line) {
+    void ReadTicketLines(BlockTextLine& line) {
         if (line.IsTicketText()) {
             return ReadText(line);
         }
@@ -284,7 +226,7 @@ class Reader {
         }
     }
 
-    void BeginTicket(Line& line) {
+    void BeginTicket(BlockTextLine& line) {
         const int number =
             line.TicketNumber(line.Word("The number of the ticket is missing here."));
         if (content_.Find(number) != nullptr) {
@@ -294,7 +236,7 @@ class Reader {
         content_.tickets.push_back({.number = number});
     }
 
-    void EndTicket(Line& line) {
+    void EndTicket(BlockTextLine& line) {
         TicketRecord& ticket = CurrentTicket(line);
         ticket.end = line.HexWord();
         if (ClassOf(ticket.end) != TicketEndClass) {
@@ -303,7 +245,7 @@ class Reader {
         line.RequireEnd();
     }
 
-    void ReadText(const Line& line) {
+    void ReadText(const BlockTextLine& line) {
         std::vector<Word>& body = CurrentTicket(line).body;
         if (!body.empty() && !EndsPrintedLine(body)) {
             line.Refuse("The line before it lacks \"\u00AC\" at its end.");
@@ -313,7 +255,7 @@ class Reader {
         }
     }
 
-    TicketRecord& CurrentTicket(const Line& line) {
+    TicketRecord& CurrentTicket(const BlockTextLine& line) {
         if (content_.tickets.empty()) {
             line.Refuse("This belongs to no ticket.");
         }
@@ -350,16 +292,16 @@ class Reader {
     std::string_view rest_;
     std::size_t lines_ = 0;  // read so far
     BlockContent content_;
-    std::optional<Line> order_;
+    std::optional<BlockTextLine> order_;
     std::vector<int> orderNumbers_;
-    std::vector<std::pair<Line, Word>> keyWords_;  // each on the line that gives it
+    std::vector<std::pair<BlockTextLine, Word>> keyWords_;  // each on the line that gives it
 };
 
 template <class Content>
 std::variant<Content, BlockTextFault> Read(std::string_view text, Content (Reader::*read)()) {
     try {
         return (Reader(text).*read)();
-    } catch (const Fault& fault) {
+    } catch (const BlockTextError& fault) {
         return BlockTextFault(fault);
     }
 }

@@ -1,7 +1,9 @@
 #include "tools/indicator_line.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
+#include <filesystem>
 #include <iostream>
 
 #include "block/image.h"
@@ -29,12 +31,16 @@ std::optional<std::chrono::seconds> WaitIn(const std::string& text) {
     return std::chrono::seconds(seconds);
 }
 
+bool IsDevice(const std::string& port) {
+    return port.find('/') != std::string::npos;
+}
+
 // The port by its number or by its device.
 PortFinder FinderFor(const std::string& port, FoundPort& found) {
-    const bool isDevice = port.find('/') != std::string::npos;
+    const std::string device = IsDevice(port) ? std::filesystem::absolute(port).string() : "";
     return [=, &found](int number, FoundPort& result) {
-        Error error = isDevice ? FindDevice(port, PortsFolder(), result)
-                               : FindPort(number, PortsFolder(), result);
+        Error error = !device.empty() ? FindDevice(device, PortsFolder(), result)
+                                      : FindPort(number, PortsFolder(), result);
         found = result;
         return error;
     };
@@ -42,14 +48,21 @@ PortFinder FinderFor(const std::string& port, FoundPort& found) {
 
 }  // namespace
 
+int PortNumberIn(std::string operand) {
+    for (char& c : operand) {
+        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    }
+    return PortNumberNamed(operand);
+}
+
 IndicatorLine::IndicatorLine(const Request& request)
     : wait_(WaitIn(request.wait)),
       platform_([this] { Tick(); }),
       port_(platform_.CreateSerialControl(FinderFor(request.port, found_), InBufferSize)) {
     LoadCommunications(platform_.Settings(), *port_);
-    if (const int number = PortNumberNamed(request.port); number != 0) {
+    if (const int number = PortNumberIn(request.port); number != 0) {
         Require(port_->SetCommPort(number), Ending::WrongUsage);
-    } else if (!request.port.empty() && request.port.find('/') == std::string::npos) {
+    } else if (!request.port.empty() && !IsDevice(request.port)) {
         throw Refusal(Ending::WrongUsage,
                       "\"" + request.port + "\" is no port: COM1 to COM256, or a device");
     }

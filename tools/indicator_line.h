@@ -16,6 +16,9 @@
 
 namespace varno {
 
+// The number of a port as operators type it, "COM3" or "com3"; 0 if it is none.
+int PortNumberIn(std::string operand);
+
 class IndicatorLine {
   public:
     // Opens the port that the request names, or else the window's, or refuses. Ctrl+C closes it at

@@ -81,6 +81,12 @@ bool OperatorAgrees(const std::string& question) {
            (answer.empty() || answer[0] == 'y' || answer[0] == 'Y');
 }
 
+// Before the operator goes to the indicator. The port is closed again, so that nothing that comes
+// meanwhile is lost in it and Ctrl+C ends the waiting.
+void RequirePort(const Request& request) {
+    (void)IndicatorLine(request);
+}
+
 struct Received {
     std::string image;
     std::string port;
@@ -108,7 +114,7 @@ void TellDamage(const Received& received, const std::vector<std::string>& faults
 }
 
 int RequiredNumber(const std::string& port) {
-    const int number = PortNumberNamed(port);
+    const int number = PortNumberIn(port);
     if (number == 0) {
         throw Refusal(Ending::WrongUsage, "\"" + port + "\" is no port: COM1 to COM256");
     }
@@ -206,6 +212,7 @@ void Receive(const Request& request) {
 void Send(const Request& request) {
     const OpenedBlock file(request.operands[0]);
     file.RequireSound();
+    RequirePort(request);
     std::cerr << StartCapturing << ".\n";
     if (OperatorIsThere() && !OperatorAgrees("Then press Enter. ")) {
         throw Refusal(Ending::CouldNot, "nothing was sent");
@@ -227,7 +234,7 @@ bool IsPort(const std::string& operand) {
     constexpr std::string_view devices[] = {"/dev/tty", "/dev/pts/", "/dev/serial/"};
     return std::any_of(std::begin(devices), std::end(devices),
                        [&](std::string_view start) { return operand.starts_with(start); }) ||
-           (PortNumberNamed(operand) != 0 && !FileExists(operand));
+           (PortNumberIn(operand) != 0 && !FileExists(operand));
 }
 
 std::string ReceivedImage(const Request& request, const std::string& damaged) {

@@ -41,6 +41,9 @@ expect 3 "varno-tickets: block.VRB: there is no ticket 300" delete block.VRB 300
 expect 3 "varno-tickets: AB.VRT exists already; --force replaces it" extract block.VRB 212 AB.VRT
 printf 'AB' >plain.VRT
 expect 1 "varno-tickets: plain.VRT: The file is not a rich text (RTF) document." put block.VRB 300 plain.VRT
+"$tool" text block.VRB >whole.txt
+expect 1 "varno-tickets: whole.txt:1:1: This is the text of a whole block; one ticket is wanted." \
+    put block.VRB 300 whole.txt
 printf '{\\rtf1 %s}' "$(printf 'A%.0s' {1..1990})" >big.VRT
 expect 3 "varno-tickets: the ticket is too big: it has 1992 words, 1991 are free" \
     put block.VRB 300 big.VRT

@@ -215,8 +215,9 @@ def says_why_a_port_cannot_be_used():
         held.process.terminate()
         same(held.end()[0], -signal.SIGTERM)
         for port in "COM77", "/dev/ttyNONE":
-            code, said = Tool("receive", "none.VRB", "--port", port).end()
-            assert code == 3 and said.startswith(f"varno-tickets: There is no {port}. The "), said
+            for command in ("receive", "none.VRB"), ("send", PLANT):
+                code, said = Tool(*command, "--port", port).end()
+                assert code == 3 and said.startswith(f"varno-tickets: There is no {port}. The "), said
         for option, value in ("--port", "77"), ("--settings", "9600"), ("--wait", "x"):
             same(Tool("receive", "none.VRB", option, value).end()[0], 2, option)
         forbidden = (3, f"varno-tickets: You have no permission to use {name}. Ask the administrator to add you "
@@ -240,7 +241,8 @@ def numbers_ports():
         same(Tool(*link).end(), (0, ""))
         same(devices()["COM99"], indicator.device)
         same(Tool(*link).end(), (3, f"varno-tickets: COM99 is {indicator.device} already.\n"))
-        same(transfer(indicator, "receive", "linked.VRB", "--port=COM99"), (0, ""))
+        for port in "COM99", "com99", os.path.relpath(indicator.device):
+            same(transfer(indicator, "receive", "linked.VRB", "--force", "--port", port), (0, ""))
         same(Tool("ports", "--unlink=COM99").end(), (0, ""))
         same(Tool("ports", "--unlink=COM99").end(), (3, "varno-tickets: COM99 is not linked.\n"))
         same(Tool("ports", "--link=COM98", "/dev/none").end(), (3, "varno-tickets: /dev/none is no serial device.\n"))
