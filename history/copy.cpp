@@ -4,6 +4,8 @@
 #include <array>
 #include <cstdio>
 
+#include "codec/word.h"
+
 namespace varno {
 namespace {
 
@@ -13,7 +15,6 @@ using std::chrono::milliseconds;
 
 constexpr std::size_t LongestName = 120;  // bytes; most disks take 255 for the whole file name
 constexpr std::string_view NotInFileNames = "/\\:*?\"<>|%";
-constexpr std::string_view HexDigits = "0123456789ABCDEF";
 constexpr std::size_t TimeLength = 19;  // 20261123T073849123Z
 
 struct CauseWords {
@@ -48,7 +49,7 @@ std::string Escaped(std::string_view name) {
         if (byte >= ' ' && byte != 127 && NotInFileNames.find(c) == std::string_view::npos) {
             escaped += c;
         } else {
-            escaped += {'%', HexDigits[byte / 16], HexDigits[byte % 16]};
+            escaped += "%" + WordHex(byte).substr(2);
         }
     }
     return escaped;
@@ -71,32 +72,25 @@ std::string InFileName(std::string_view name) {
 std::string Unescaped(std::string_view escaped) {
     std::string name;
     for (std::size_t i = 0; i < escaped.size(); ++i) {
-        const bool isEscape = escaped[i] == '%' && i + 2 < escaped.size();
-        const std::size_t high = isEscape ? HexDigits.find(escaped[i + 1]) : std::string::npos;
-        const std::size_t low = isEscape ? HexDigits.find(escaped[i + 2]) : std::string::npos;
-        const bool isCode = high != std::string::npos && low != std::string::npos;
-        name += isCode ? static_cast<char>(high * 16 + low) : escaped[i];
+        const bool isCode = escaped[i] == '%' && i + 2 < escaped.size() &&
+                            HexDigit(escaped[i + 1]) >= 0 && HexDigit(escaped[i + 2]) >= 0;
+        name += isCode ? static_cast<char>(HexAt(escaped, i + 1, 2)) : escaped[i];
         i += isCode ? 2 : 0;
     }
     return name;
 }
 
-// The time in the order of its fields, with these characters between them.
-std::string Written(CopyTime time, const char* format) {
+std::string FileTime(CopyTime time) {
     const auto day = floor<days>(time);
     const std::chrono::year_month_day date(day);
     const std::chrono::hh_mm_ss clock(time - day);
     std::array<char, 64> text{};
     std::snprintf(
-        text.data(), text.size(), format, static_cast<int>(date.year()),
+        text.data(), text.size(), "%04d%02u%02uT%02d%02d%02d%03dZ", static_cast<int>(date.year()),
         static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
         static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
         static_cast<int>(clock.seconds().count()), static_cast<int>(clock.subseconds().count()));
     return text.data();
-}
-
-std::string FileTime(CopyTime time) {
-    return Written(time, "%04d%02u%02uT%02d%02d%02d%03dZ");
 }
 
 std::optional<CopyTime> TimeOf(const std::string& text) {
@@ -160,10 +154,6 @@ std::optional<Copy> CopyOfName(std::string_view fileName) {
 
 std::string_view CauseText(Cause cause) {
     return WordsOfCause(cause).text;
-}
-
-std::string TimeText(CopyTime time) {
-    return Written(time, "%04d-%02u-%02u %02d:%02d:%02d");
 }
 
 }  // namespace varno

@@ -49,10 +49,7 @@ std::string FileNameOf(const Copy& copy);
 // Nothing for the name of a file that is no copy.
 std::optional<Copy> CopyOfName(std::string_view fileName);
 
-// What happened, for the operator: "Ticket deleted".
+// What happened, for the operator: "Before a ticket was deleted".
 std::string_view CauseText(Cause cause);
-
-// "2026-11-23 07:38:49", of UTC.
-std::string TimeText(CopyTime time);
 
 }  // namespace varno

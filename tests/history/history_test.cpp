@@ -13,6 +13,9 @@
 #include <filesystem>
 #include <random>
 
+#include "block/ticket_block.h"
+#include "codec/encoder.h"
+#include "history/description.h"
 #include "history/history_keeper.h"
 #include "platform/files.h"
 
@@ -69,6 +72,36 @@ TEST_F(HistoryTest, FileNamesTellAll) {
           "20261123T120000000Z_put_%2f.VRB", "20261123T126000000Z_put_.VRB", ".varno-new-0"}) {
         EXPECT_FALSE(CopyOfName(foreign)) << foreign;
     }
+}
+
+TEST_F(HistoryTest, CopiesAreDescribed) {
+    setenv("TZ", "XYZ-2", 1);
+    const CopyHeading heading = HeadingOf({Noon, Cause::Uploaded, "COM3", "Shop"});
+    EXPECT_EQ(heading.when + "|" + heading.what + "|" + heading.kind + "|" + heading.name,
+              "2026-11-23 14:00:00|After an upload from COM3|block|Shop");
+    EXPECT_EQ(HeadingOf({Noon, Cause::Download, "COM3"}).what, "Before a download to COM3");
+
+    TicketBlock block;
+    for (const int number : {205, 200}) {
+        ASSERT_EQ(block.PutRecord(number, EncodeTicket({}, number)), PutResult::Put);
+    }
+    std::string damaged = block.TicketBuffer;
+    damaged[100] = 'X';
+    const auto shown = [](CopyKind kind, const std::string& content) {
+        const CopyFindings findings = FindingsIn(kind, content);
+        return TicketsText(kind, findings) + "|" + SoundnessText(findings);
+    };
+    EXPECT_EQ(shown(CopyKind::Block, block.TicketBuffer + "\r\n"), "200, 205|sound");
+    EXPECT_EQ(shown(CopyKind::Block, damaged),
+              "200, 205|It holds a character that is no hexadecimal digit (column 101).");
+    EXPECT_EQ(shown(CopyKind::Block, NewTicketBuffer()), "none|sound");
+    EXPECT_EQ(shown(CopyKind::Block, ""), "none|It has 0 characters; a block has 8007.");
+    EXPECT_EQ(shown(CopyKind::Ticket, "{\\rtf1 A"), "|sound");
+    EXPECT_EQ(shown(CopyKind::Ticket, ""), "|The file is not a rich text (RTF) document.");
+
+    EXPECT_TRUE(Matches("After an upload from COM3 Shop", " shop  UPLOAD"));
+    EXPECT_TRUE(Matches("", " "));
+    EXPECT_FALSE(Matches("After an upload", "upload shop"));
 }
 
 TEST_F(HistoryTest, KeepsEachContentOnceAndPrivately) {
