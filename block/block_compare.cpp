@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdint>
 #include <initializer_list>
+#include <iterator>
 #include <optional>
 #include <set>
+#include <span>
 #include <utility>
 
 #include "block/image.h"
@@ -36,12 +38,20 @@ std::set<int> Numbers(std::initializer_list<const BlockContent*> blocks) {
     return numbers;
 }
 
+using LineSpan = std::span<const std::string>;
+
+// Of longer texts lines that both have count as different where lines around them differ.
+constexpr std::size_t MostCells = 1 << 24;
+
 // The lines of one that the other has not, in place; those that both have stand between them
 // without being shown. By the longest common subsequence.
 class LineComparison {
   public:
-    LineComparison(const Lines& a, const Lines& b)
-        : a_(a), b_(b), common_((a.size() + 1) * (b.size() + 1)) {
+    LineComparison(LineSpan a, LineSpan b) : a_(a), b_(b) {
+        if (a.size() * b.size() > MostCells) {
+            return;
+        }
+        common_.resize((a.size() + 1) * (b.size() + 1));
         for (std::size_t i = a.size(); i-- > 0;) {
             for (std::size_t j = b.size(); j-- > 0;) {
                 At(i, j) = a[i] == b[j] ? static_cast<std::uint16_t>(At(i + 1, j + 1) + 1)
@@ -54,10 +64,10 @@ class LineComparison {
         std::size_t i = 0;
         std::size_t j = 0;
         while (i < a_.size() || j < b_.size()) {
-            if (i < a_.size() && j < b_.size() && a_[i] == b_[j]) {
+            if (!common_.empty() && i < a_.size() && j < b_.size() && a_[i] == b_[j]) {
                 ++i;
                 ++j;
-            } else if (j == b_.size() || (i < a_.size() && At(i + 1, j) >= At(i, j + 1))) {
+            } else if (i < a_.size() && (j == b_.size() || IsFirstToTell(i, j))) {
                 told.push_back("  - " + a_[i++]);
             } else {
                 told.push_back("  + " + b_[j++]);
@@ -66,27 +76,24 @@ class LineComparison {
     }
 
   private:
+    bool IsFirstToTell(std::size_t i, std::size_t j) {
+        return common_.empty() || At(i + 1, j) >= At(i, j + 1);
+    }
+
     // The lines that the rests from i and j have in common.
     std::uint16_t& At(std::size_t i, std::size_t j) { return common_[i * (b_.size() + 1) + j]; }
 
-    const Lines& a_;
-    const Lines& b_;
+    LineSpan a_;
+    LineSpan b_;
     std::vector<std::uint16_t> common_;
 };
 
-void TellTicket(const TicketRecord& first, const TicketRecord& second, const CodeComment& comment,
-                Lines& told) {
-    told.push_back(Ticket(first.number) + " differs:");
-    const auto lines = [&](const TicketRecord& ticket) {
-        Lines all = TicketLines(ticket.body, comment);
-        if (ticket.end != TicketEnd) {
-            all.push_back("end " + WordHex(ticket.end));
-        }
-        return all;
-    };
-    const Lines a = lines(first);
-    const Lines b = lines(second);
-    LineComparison(a, b).Tell(told);
+Lines LinesOf(const TicketRecord& ticket, const CodeComment& comment) {
+    Lines all = TicketLines(ticket.body, comment);
+    if (ticket.end != TicketEnd) {
+        all.push_back("end " + WordHex(ticket.end));
+    }
+    return all;
 }
 
 // What one value becomes where two sides changed it; nothing if they disagree.
@@ -178,6 +185,18 @@ class Merger {
 
 }  // namespace
 
+std::vector<std::string> LineDifferences(const TicketRecord& first, const TicketRecord& second,
+                                         const CodeComment& comment) {
+    const Lines a = LinesOf(first, comment);
+    const Lines b = LinesOf(second, comment);
+    const auto [differsA, differsB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    const auto [endA, endB] = std::mismatch(a.rbegin(), std::reverse_iterator(differsA), b.rbegin(),
+                                            std::reverse_iterator(differsB));
+    Lines told;
+    LineComparison({differsA, endA.base()}, {differsB, endB.base()}).Tell(told);
+    return told;
+}
+
 std::vector<std::string> Differences(const BlockContent& first, const BlockContent& second,
                                      const BlockNames& names, const CodeComment& comment) {
     Lines told;
@@ -188,7 +207,9 @@ std::vector<std::string> Differences(const BlockContent& first, const BlockConte
             told.push_back(Ticket(number) + " is only in " +
                            (a == nullptr ? names.second : names.first));
         } else if (*a != *b) {
-            TellTicket(*a, *b, comment, told);
+            told.push_back(Ticket(number) + " differs:");
+            const Lines lines = LineDifferences(*a, *b, comment);
+            told.insert(told.end(), lines.begin(), lines.end());
         }
     }
     for (std::size_t key = 0; key < KeyCount; ++key) {

@@ -14,9 +14,14 @@ struct BlockNames {
     std::string second;
 };
 
+// The printed lines of a ticket that differ: "-" as the first has them, "+" as the second. The
+// number does not matter.
+std::vector<std::string> LineDifferences(const TicketRecord& first, const TicketRecord& second,
+                                         const CodeComment& comment = {});
+
 // A sentence for each ticket that only one block holds, for each key and for what follows the
-// tickets; of a ticket that both hold, its printed lines that differ: "-" as the first block has
-// them, "+" as the second. Empty if nothing differs; the order of the tickets is no difference.
+// tickets; of a ticket that both hold, its lines that differ. Empty if nothing differs; the order
+// of the tickets is no difference.
 std::vector<std::string> Differences(const BlockContent& first, const BlockContent& second,
                                      const BlockNames& names, const CodeComment& comment = {});
 

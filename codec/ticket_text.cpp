@@ -1,6 +1,7 @@
 #include "codec/ticket_text.h"
 
 #include <algorithm>
+#include <map>
 
 #include "codec/code_name.h"
 #include "codec/marked_text.h"
@@ -104,6 +105,17 @@ class LineReader {
 };
 
 }  // namespace
+
+CodeComment CommentsOf(const Catalogues& catalogues) {
+    return [catalogues, known = std::map<Word, std::string>()](Word code) mutable {
+        const auto [place, isNew] = known.try_emplace(code);
+        if (isNew) {
+            const std::string comment = ToUtf8(FindCodeComment(catalogues, code));
+            place->second = comment.substr(comment.starts_with(' ') ? 1 : 0);
+        }
+        return place->second;
+    };
+}
 
 std::vector<std::string> TicketLines(std::span<const Word> body, const CodeComment& comment) {
     std::vector<std::string> lines;

@@ -10,12 +10,16 @@
 #include <string_view>
 #include <vector>
 
+#include "codec/catalogue.h"
 #include "codec/word.h"
 
 namespace varno {
 
 // What a control or print code does, for a reader; empty if nobody knows.
 using CodeComment = std::function<std::string(Word)>;
+
+// As the catalogues say. Each code is looked up once.
+CodeComment CommentsOf(const Catalogues& catalogues);
 
 // The lines of a ticket's body, without line ends of their own. One body has one text. With
 // `comment`, codes carry their comments.

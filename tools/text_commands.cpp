@@ -8,7 +8,6 @@
 #include "block/block_text.h"
 #include "block/image.h"
 #include "codec/catalogue.h"
-#include "codec/utf8.h"
 #include "platform/files.h"
 #include "tools/json.h"
 #include "tools/line_commands.h"
@@ -26,10 +25,7 @@ struct ReadBlock {
 };
 
 CodeComment Comments(const Request& request) {
-    return [catalogues = CataloguesIn(request.catalogueFolder)](Word code) {
-        const std::string comment = ToUtf8(FindCodeComment(catalogues, code));
-        return comment.substr(comment.starts_with(' ') ? 1 : 0);
-    };
+    return CommentsOf(CataloguesIn(request.catalogueFolder));
 }
 
 CodeComment CommentsIfAskedFor(const Request& request) {

@@ -235,6 +235,19 @@ TEST(Differences, AreToldInWords) {
     BlockContent otherEnd = a;
     otherEnd.tickets.back().end = TicketEnd + 1;
     EXPECT_EQ(Differences(a, otherEnd, {"old", "new"}).at(1), "  + end " + WordHex(TicketEnd + 1));
+
+    // Tickets that no block has room for: 20,000 lines take no table of 400 million cells.
+    const auto longTicket = [](Word middle) {
+        TicketRecord ticket;
+        for (int i = 0; i < 20'000; ++i) {
+            ticket.body.insert(ticket.body.end(),
+                               {i == 7 || i == 19'990 ? middle : Word('x'), '\r', '\n'});
+        }
+        return ticket;
+    };
+    const auto lines = LineDifferences(longTicket('a'), longTicket('b'));
+    EXPECT_EQ(lines.size(), 2U * (19'990 - 7 + 1));
+    EXPECT_EQ(lines.front() + lines.back(), "  - a¬  + b¬");
 }
 
 TEST(Merge, TakesWhatOneSideChanged) {
