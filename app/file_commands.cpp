@@ -118,6 +118,7 @@ void FileCommands::SaveTicket_Click() {
         SaveTicketAs_Click();
     } else if (Write(TicketKind, state_.folders.SaveTicketFolder + name + ".VRT", TicketBytes())) {
         state_.TicketChanged = false;
+        announce_(CommandEvent::TicketSaved);
     }
 }
 
@@ -130,6 +131,7 @@ void FileCommands::SaveTicketAs_Click() {
     ShowName(controls_.TicketName, chosen->fileTitle, TicketKind.extension);
     state_.folders.SaveTicketFolder = FolderOf(chosen->fileName, chosen->fileTitle);
     state_.TicketChanged = false;
+    announce_(CommandEvent::TicketSaved);
 }
 
 void FileCommands::SaveList_Click() {
@@ -141,6 +143,7 @@ void FileCommands::SaveList_Click() {
     ShowName(controls_.ListName, chosen->fileTitle, BlockKind.extension);
     state_.folders.SaveListFolder = FolderOf(chosen->fileName, chosen->fileTitle);
     state_.block.BlockChanged = false;
+    announce_(CommandEvent::BlockSaved);
 }
 
 void FileCommands::SavePdfAs(const std::string& name, const std::string& bytes) {

@@ -48,7 +48,7 @@ Form1::Form1(Platform& platform)
              platform.DialogBoxes(), state_, safekeeping_, announce_),
       put_(controls_, platform.DialogBoxes(), state_.block, announce_),
       delete_(controls_, state_.block, announce_),
-      keyAssignment_(controls_, state_.block),
+      keyAssignment_(controls_, state_.block, announce_),
       listView_(
           controls_, platform.DialogBoxes(), state_.block, state_.TicketChanged, catalogues_,
           delete_, [this] { files_.SaveTicket_Click(); }, announce_),

@@ -31,14 +31,35 @@ constexpr std::array Rules{
     Rule{UploadStarted, What::Ticket, Cause::Upload},
     Rule{UploadEnded, What::Block, Cause::Uploaded},
     Rule{DownloadStarted, What::Block, Cause::Download},
+    Rule{DownloadEnded, What::Block, Cause::Downloaded},
     Rule{Closes, What::Ticket, Cause::Close},
     Rule{Closes, What::UnsavedBlock, Cause::Close},
     Rule{TimePasses, What::Ticket, Cause::Unsaved},
     Rule{TimePasses, What::UnsavedBlock, Cause::Unsaved},
 };
 
+// What ends the work that was not saved, and for what its copy is kept from then on.
+struct End {
+    CommandEvent event;
+    CopyKind work;
+    Cause cause;
+};
+
+constexpr std::array Ends{
+    End{TicketSaved, CopyKind::Ticket, Cause::Working},
+    End{TicketOpens, CopyKind::Ticket, Cause::Open},
+    End{TicketIsEdited, CopyKind::Ticket, Cause::Edit},
+    End{ImageBegins, CopyKind::Ticket, Cause::Upload},
+    End{Closes, CopyKind::Ticket, Cause::Close},
+    End{BlockSaved, CopyKind::Block, Cause::Working},
+    End{BlockOpens, CopyKind::Block, Cause::Open},
+    End{ImageBegins, CopyKind::Block, Cause::Upload},
+    End{Closes, CopyKind::Block, Cause::Close},
+};
+
 constexpr bool IsTransfer(Cause cause) {
-    return cause == Cause::Upload || cause == Cause::Uploaded || cause == Cause::Download;
+    return cause == Cause::Upload || cause == Cause::Uploaded || cause == Cause::Download ||
+           cause == Cause::Downloaded;
 }
 
 }  // namespace
@@ -54,6 +75,11 @@ void Safekeeping::On(CommandEvent event) {
             KeepTicket(rule.cause);
         } else if (rule.what == What::Block || sources_.state.block.BlockChanged) {
             KeepBlock(rule.cause, port);
+        }
+    }
+    for (const End& end : Ends) {
+        if (end.event == event) {
+            keeper_.EndWork(end.work, end.cause);
         }
     }
 }

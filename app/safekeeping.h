@@ -29,6 +29,12 @@ class Safekeeping {
     // The file that a save of this kind is about to replace, as it is; nothing where there is none.
     void BeforeReplacing(const std::string& path, CopyKind kind);
 
+    // The copy of unsaved work is in the window again.
+    void Resume(const Copy& copy) { keeper_.Resume(copy); }
+
+    // Why the last copy could not be made; nothing if it could.
+    Error Trouble() { return keeper_.Trouble(); }
+
   private:
     void KeepTicket(Cause cause);
     void KeepBlock(Cause cause, const std::string& port);

@@ -28,6 +28,7 @@ void KeyAssignmentCommand::KeyAssignment_MouseUp(int index) {
     const bool bind = controls_.KeyAssignment[static_cast<std::size_t>(index)]->Value();
     PressOnly(bind ? index : NoKey);
     AssignRows(index, bind);
+    announce_(CommandEvent::KeyAssigned);
     controls_.TicketList.SetFocus();
 }
 

@@ -2,15 +2,18 @@
 // follows KeyTicket.
 #pragma once
 
+#include <utility>
+
 #include "block/block_controls.h"
 #include "block/ticket_block.h"
+#include "platform/announce.h"
 
 namespace varno {
 
 class KeyAssignmentCommand {
   public:
-    KeyAssignmentCommand(const BlockControls& controls, TicketBlock& block)
-        : controls_(controls), block_(block) {}
+    KeyAssignmentCommand(const BlockControls& controls, TicketBlock& block, Announce announce)
+        : controls_(controls), block_(block), announce_(std::move(announce)) {}
 
     // Without a selected row nothing is bound and all buttons are released. Otherwise
     // binds the selected row to the key whose button is pressed by now, or unbinds it where the
@@ -25,6 +28,7 @@ class KeyAssignmentCommand {
 
     BlockControls controls_;
     TicketBlock& block_;
+    Announce announce_;
 };
 
 }  // namespace varno

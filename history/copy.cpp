@@ -23,8 +23,9 @@ struct CauseWords {
     std::string_view text;  // for the operator
 };
 
-constexpr std::array<CauseWords, 11> Causes = {{
+constexpr std::array<CauseWords, 12> Causes = {{
     {Cause::Unsaved, "unsaved", "Not saved"},
+    {Cause::Working, "working", "While it was worked on"},
     {Cause::Delete, "delete", "Before a ticket was deleted"},
     {Cause::Put, "put", "Before a ticket was put over another"},
     {Cause::Edit, "edit", "Before a ticket was taken from the block"},

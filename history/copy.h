@@ -16,7 +16,8 @@ namespace varno {
 
 // What happened after the copy was made, or had happened before.
 enum class Cause {
-    Unsaved,
+    Unsaved,  // nothing yet; of a program that is gone: lost work
+    Working,
     Delete,
     Put,
     Edit,

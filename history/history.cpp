@@ -16,6 +16,11 @@ bool IsOfSame(const Copy& one, const Copy& other) {
     return one.kind == other.kind && one.name == other.name;
 }
 
+// Whether a copy of one cause makes one of the other needless.
+bool SpeaksFor(Cause kept, Cause wanted) {
+    return wanted != Cause::Unsaved || kept == Cause::Unsaved;
+}
+
 }  // namespace
 
 std::string HistoryFolder() {
@@ -60,7 +65,7 @@ bool History::Holds(const Kept& kept, std::string_view content) const {
            bytes == content;
 }
 
-Error History::Keep(Copy copy, std::string_view content) const {
+Error History::Keep(Copy copy, std::string_view content, Copy* kept) const {
     if (folder_.empty()) {
         return "There is no home folder to keep copies in.";
     }
@@ -69,12 +74,26 @@ Error History::Keep(Copy copy, std::string_view content) const {
     }
     copy = CopyOfName(FileNameOf(copy)).value_or(copy);  // with the name as it can be kept
     const std::vector<Kept> files = Files();
-    const auto newest = std::find_if(files.begin(), files.end(), [&copy](const Kept& kept) {
-        return IsOfSame(kept.copy, copy);
+    const auto newest = std::find_if(files.begin(), files.end(), [&copy](const Kept& file) {
+        return IsOfSame(file.copy, copy);
     });
-    if (newest != files.end() && Holds(*newest, content)) {
-        return std::nullopt;
+    const bool isKept = newest != files.end() && SpeaksFor(newest->copy.cause, copy.cause) &&
+                        Holds(*newest, content);
+    Error error;
+    if (isKept) {
+        copy = newest->copy;
+    } else {
+        error = Write(copy, content);
+        Prune(copy.time);
     }
+    if (!error && kept != nullptr) {
+        *kept = copy;
+    }
+    return error;
+}
+
+// At its time, or so much later as others are in its place.
+Error History::Write(Copy& copy, std::string_view content) const {
     Error error;
     for (int attempt = 0; attempt < MostAttempts; ++attempt) {
         while (FileExists(PathOf(FileNameOf(copy)))) {
@@ -85,8 +104,24 @@ Error History::Keep(Copy copy, std::string_view content) const {
             break;
         }
     }
-    Prune(copy.time);
     return error;
+}
+
+// The new one first: whatever happens between, the content is there.
+Error History::Relabel(const Copy& copy, Cause cause) const {
+    if (!FileExists(PathOf(FileNameOf(copy)))) {
+        return std::nullopt;
+    }
+    std::string content;
+    if (Error error = Read(copy, content)) {
+        return error;
+    }
+    Copy relabelled = copy;
+    relabelled.cause = cause;
+    if (Error error = Write(relabelled, content)) {
+        return error;
+    }
+    return RemoveFile(PathOf(FileNameOf(copy)));
 }
 
 // A copy that cannot be removed stays; the next time it is tried again.

@@ -31,14 +31,19 @@ class History {
 
     [[nodiscard]] Error Read(const Copy& copy, std::string& content) const;
 
-    // Makes a copy, unless the newest one of that name holds the same. Then the oldest copies go
-    // until the limits are kept.
-    [[nodiscard]] Error Keep(Copy copy, std::string_view content) const;
+    // Makes a copy, unless the newest one of that name holds the same. Unsaved work is kept beside
+    // one that holds the same for another cause, so that it is known as such. Then the oldest
+    // copies go until the limits are kept. `kept` becomes the copy that holds the content.
+    [[nodiscard]] Error Keep(Copy copy, std::string_view content, Copy* kept = nullptr) const;
+
+    // Gives a copy another cause, if it is still there.
+    [[nodiscard]] Error Relabel(const Copy& copy, Cause cause) const;
 
   private:
     struct Kept;
     std::vector<Kept> Files() const;
     bool Holds(const Kept& kept, std::string_view content) const;
+    Error Write(Copy& copy, std::string_view content) const;
     void Prune(CopyTime now) const;
     std::string PathOf(const std::string& fileName) const { return folder_ + "/" + fileName; }
 

@@ -12,28 +12,69 @@ HistoryKeeper::~HistoryKeeper() {
         const std::lock_guard lock(mutex_);
         ends_ = true;
     }
-    changed_.notify_all();
+    changed_.notify_one();
     worker_.join();
 }
 
 void HistoryKeeper::Keep(Copy copy, std::string content) {
     using std::chrono::milliseconds;
     const auto now = std::chrono::floor<milliseconds>(std::chrono::system_clock::now());
-    {
-        const std::lock_guard lock(mutex_);
-        // Many at once keep their order; a clock that was put back is believed.
-        const bool isAtOnce = now <= last_ && last_ - now < std::chrono::seconds(1);
-        copy.time = isAtOnce ? last_ + milliseconds(1) : now;
-        last_ = copy.time;
-        waiting_.push_back({std::move(copy), std::move(content)});
-    }
-    changed_.notify_all();
+    // Many at once keep their order; a clock that was put back is believed.
+    const bool isAtOnce = now <= last_ && last_ - now < std::chrono::seconds(1);
+    copy.time = isAtOnce ? last_ + milliseconds(1) : now;
+    last_ = copy.time;
+    Add([this, copy = std::move(copy), content = std::move(content)] { KeepNow(copy, content); });
 }
 
-Error HistoryKeeper::Settle() {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return waiting_.empty(); });
+void HistoryKeeper::EndWork(CopyKind kind, Cause cause) {
+    Add([this, kind, cause] { EndWorkNow(kind, cause); });
+}
+
+void HistoryKeeper::Resume(const Copy& copy) {
+    Add([this, copy] { unsaved_.insert_or_assign(copy.kind, copy); });
+}
+
+Error HistoryKeeper::Trouble() {
+    const std::lock_guard lock(mutex_);
     return trouble_;
+}
+
+void HistoryKeeper::Tell(Error trouble) {
+    const std::lock_guard lock(mutex_);
+    trouble_ = std::move(trouble);
+}
+
+void HistoryKeeper::KeepNow(const Copy& copy, const std::string& content) {
+    Copy kept;
+    const Error error = history_.Keep(copy, content, &kept);
+    Tell(error);
+    if (error || copy.cause != Cause::Unsaved) {
+        return;
+    }
+    const auto former = unsaved_.find(copy.kind);
+    if (former != unsaved_.end() && former->second != kept) {
+        EndWorkNow(copy.kind, Cause::Working);
+    }
+    unsaved_.insert_or_assign(copy.kind, kept);
+}
+
+void HistoryKeeper::EndWorkNow(CopyKind kind, Cause cause) {
+    const auto unsaved = unsaved_.find(kind);
+    if (unsaved == unsaved_.end()) {
+        return;
+    }
+    if (const Error error = history_.Relabel(unsaved->second, cause)) {
+        Tell(error);
+    }
+    unsaved_.erase(unsaved);
+}
+
+void HistoryKeeper::Add(Job job) {
+    {
+        const std::lock_guard lock(mutex_);
+        waiting_.push_back(std::move(job));
+    }
+    changed_.notify_one();
 }
 
 void HistoryKeeper::Work() {
@@ -43,13 +84,11 @@ void HistoryKeeper::Work() {
         if (waiting_.empty()) {
             return;
         }
-        const Waiting& next = waiting_.front();  // stays where it is while others are added
+        const Job& next = waiting_.front();  // stays where it is while others are added
         lock.unlock();
-        Error trouble = history_.Keep(next.copy, next.content);
+        next();
         lock.lock();
-        trouble_ = std::move(trouble);
         waiting_.pop_front();
-        changed_.notify_all();
     }
 }
 

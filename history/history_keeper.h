@@ -3,6 +3,8 @@
 
 #include <condition_variable>
 #include <deque>
+#include <functional>
+#include <map>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -19,25 +21,33 @@ class HistoryKeeper {
     HistoryKeeper(const HistoryKeeper&) = delete;
     HistoryKeeper& operator=(const HistoryKeeper&) = delete;
 
-    // Gives the copy the present time, or a later one than the copy before it.
+    // Gives the copy the present time, or a later one than the copy before it. Of unsaved work the
+    // copy before it is work in progress from then on.
     void Keep(Copy copy, std::string content);
 
-    // Waits until all is kept that was given so far, then says what was wrong with the last one
-    // that could not be kept; nothing after a copy that could.
-    Error Settle();
+    // The unsaved work of this kind is saved or let go: no copy of it counts as lost work.
+    void EndWork(CopyKind kind, Cause cause);
+
+    // An unsaved copy is worked on again: it is this program's now.
+    void Resume(const Copy& copy);
+
+    // What was wrong with the last one that could not be kept; nothing after one that could.
+    Error Trouble();
 
   private:
+    using Job = std::function<void()>;
+    void Add(Job job);
     void Work();
-
-    struct Waiting {
-        Copy copy;
-        std::string content;
-    };
+    // The worker's alone:
+    void Tell(Error trouble);
+    void KeepNow(const Copy& copy, const std::string& content);
+    void EndWorkNow(CopyKind kind, Cause cause);
 
     History history_;
     std::mutex mutex_;
     std::condition_variable changed_;
-    std::deque<Waiting> waiting_;  // the one in work included
+    std::deque<Job> waiting_;           // the one in work included
+    std::map<CopyKind, Copy> unsaved_;  // of each kind the copy that counts; the worker's alone
     Error trouble_;
     CopyTime last_{};
     bool ends_ = false;

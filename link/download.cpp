@@ -18,6 +18,7 @@ void Download::Transmit_Click() {
               {.ShowProgress = [this](int percent) { ShowProgress(percent); },
                .DoEvents = [this] { platform_.DoEvents(); }});
     if (session.IsCurrent()) {
+        announce_(CommandEvent::DownloadEnded);
         transfer_.EndTransfer();
     }
 }

@@ -12,11 +12,15 @@ enum class CommandEvent {
     UploadEnded,    // the image is complete, the list shows it
     TransferEnded,
     DownloadStarted,  // confirmed, the port not open yet
+    DownloadEnded,    // the line has taken the whole block
     VarnoMenuOpens,
     FileMenuOpens,
     BlockOpened,
     PutEnded,  // the ticket was put or refused; not after No to overwriting
     TicketDeleted,
+    KeyAssigned,
+    TicketSaved,
+    BlockSaved,
     NumberChanged,  // the text of the number box
     ListSelected,   // a row was selected, or the list came back to it
     EditorChanged,

@@ -51,6 +51,15 @@ class HistoryTest : public testing::Test {
     fs::path place_;
 };
 
+template <class Condition>
+bool Await(Condition condition) {
+    const auto deadline = std::chrono::steady_clock::now() + 10s;
+    while (!condition() && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::yield();
+    }
+    return condition();
+}
+
 TEST_F(HistoryTest, FileNamesTellAll) {
     const std::string longName(119, 'a');
     const std::pair<Copy, std::string> names[] = {
@@ -208,14 +217,47 @@ TEST_F(HistoryTest, SaysWhatCouldNotBeKeptAndGoesOn) {
     const rlimit full{4000, whole.rlim_max};
     setrlimit(RLIMIT_FSIZE, &full);  // the disk is full after so many bytes
     keeper.Keep({.name = "Shop"}, std::string(8009, 'x'));
-    const Error trouble = keeper.Settle();
+    EXPECT_TRUE(Await([&] { return keeper.Trouble().has_value(); }));
     setrlimit(RLIMIT_FSIZE, &whole);
-    EXPECT_NE(trouble, std::nullopt);
     EXPECT_TRUE(FilesIn(Folder()).empty());
 
     keeper.Keep({.name = "Shop"}, std::string(8009, 'y'));
-    EXPECT_EQ(keeper.Settle(), std::nullopt);
+    EXPECT_TRUE(Await([&] { return !keeper.Trouble(); }));
     EXPECT_EQ(Open().Copies().size(), 1U);
+}
+
+// Copies of unsaved work that no program has ended are those of a program that was killed.
+TEST_F(HistoryTest, LostWorkIsWhatNoProgramEnded) {
+    using enum CopyKind;
+    const Copy ticket{.name = "T", .kind = Ticket};
+    const auto causes = [this] {
+        std::string shown;
+        for (const Copy& copy : Open().Copies()) {
+            const std::string name = FileNameOf(copy);
+            shown = name.substr(name.find('_') + 1) + " " + shown;
+        }
+        return shown;
+    };
+    {
+        HistoryKeeper keeper(Folder());
+        for (const char* text : {"1", "1", "2", "3"}) {
+            keeper.Keep(ticket, text);
+        }
+        keeper.Keep({.cause = Cause::Delete, .name = "B"}, "block");
+        keeper.Keep({.name = "B"}, "block");  // though another copy holds the same
+        keeper.EndWork(Ticket, Cause::Close);
+        keeper.EndWork(Ticket, Cause::Open);
+    }
+    EXPECT_EQ(causes(), "working_T.VRT working_T.VRT close_T.VRT delete_B.VRB unsaved_B.VRB ");
+    {
+        HistoryKeeper keeper(Folder());
+        keeper.Resume(Open().Copies().front());
+        keeper.Keep({.name = "B"}, "block");
+        keeper.Keep({.name = "B"}, "block 2");
+        keeper.EndWork(Block, Cause::Working);
+    }
+    EXPECT_EQ(causes(),
+              "working_T.VRT working_T.VRT close_T.VRT delete_B.VRB working_B.VRB working_B.VRB ");
 }
 
 }  // namespace

@@ -90,8 +90,8 @@ TEST_F(HistoryOfTheWindow, HoldsWhatEachCommandTookAway) {
               "delete_.VRB: 301 300\n"
               "open_.VRT: onetwo\n"
               "save_Other.VRT: other\n"
-              "unsaved_Other.VRT: moreagainother\n"
-              "unsaved_.VRB: 300\n"
+              "close_Other.VRT: moreagainother\n"
+              "close_.VRB: 300\n"
               "close_Other.VRT: moreagain!other\n");
 }
 
