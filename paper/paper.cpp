@@ -10,6 +10,13 @@ bool PaperRow::IsTall() const {
     });
 }
 
+void Append(Paper& roll, const Paper& paper) {
+    roll.width = paper.width;
+    roll.rows.insert(roll.rows.end(), paper.rows.begin(), paper.rows.end());
+    roll.words = paper.words;
+    roll.stylesLeft = paper.stylesLeft;
+}
+
 PaperPlace PlaceOf(const Paper& paper, std::size_t index) {
     auto row = std::partition_point(paper.rows.begin(), paper.rows.end(),
                                     [&](const PaperRow& each) { return each.end < index; });

@@ -51,6 +51,9 @@ struct Paper {
     unsigned stylesLeft = 0;  // switched on and never off
 };
 
+// Prints on where `roll` ends.
+void Append(Paper& roll, const Paper& paper);
+
 // A row and a column from 0. Behind the last row and behind its cells are places too.
 struct PaperPlace {
     std::size_t row;

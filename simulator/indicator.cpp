@@ -61,11 +61,11 @@ void Indicator::PrintKey(int key) {
         Say("there is no ticket " + std::to_string(ticket));
         return;
     }
-    Say("-- " + name + ": ticket " + std::to_string(ticket) + " --");
-    const std::string paper = PaperText(LayOut(record->body, effects_));
-    Say(paper);
-    Say("--");
-    paper_ += paper;
+    const std::string title = name + ": ticket " + std::to_string(ticket);
+    const Paper paper = LayOut(record->body, effects_);
+    Say("-- " + title + " --\n" + PaperText(paper) + "--");
+    display_ = title;
+    Append(paper_, paper);
 }
 
 void Indicator::List() {
@@ -104,6 +104,7 @@ void Indicator::SendNoise() {
 
 void Indicator::Say(std::string_view line) {
     screen_ += line;
+    display_ = line.substr(0, line.find('\n'));
     if (!line.ends_with('\n')) {
         screen_ += '\n';
     }
@@ -148,7 +149,7 @@ std::string Indicator::TakeScreen() {
     return std::exchange(screen_, {});
 }
 
-std::string Indicator::TakePaper() {
+Paper Indicator::TakePaper() {
     return std::exchange(paper_, {});
 }
 

@@ -7,6 +7,7 @@
 
 #include "block/ticket_block.h"
 #include "paper/effects.h"
+#include "paper/paper.h"
 #include "simulator/capture.h"
 
 namespace varno {
@@ -33,12 +34,15 @@ class Indicator {
     void ShowHeard();
     void EndCapture();
 
-    // What goes out since the last call: onto the line, and as lines of UTF-8 onto the screen and
+    // What goes out since the last call: onto the line, as lines of UTF-8 onto the screen, and
     // onto the paper.
     std::string TakeTransmission();
     std::string TakeScreen();
-    std::string TakePaper();
+    Paper TakePaper();
+    // The last line on the screen that is not printed, for an indicator with one line.
+    const std::string& Display() const { return display_; }
 
+    int PaperWidth() const { return effects_.paperWidth; }  // columns
     const std::string& Memory() const { return block_.TicketBuffer; }
 
   private:
@@ -50,7 +54,8 @@ class Indicator {
     std::string heard_;  // outside a capture, to be shown when the line is quiet
     std::string transmission_;
     std::string screen_;
-    std::string paper_;
+    std::string display_;
+    Paper paper_;
     unsigned noise_ = 1;
 };
 

@@ -14,6 +14,7 @@ constexpr std::chrono::nanoseconds FullAfter = std::chrono::milliseconds(8);
 }  // namespace
 
 void Line::SetSpeed(int baud) {
+    baud_ = baud;
     perCharacter_ = baud > 0
                         ? std::chrono::nanoseconds(std::chrono::seconds(BitsPerCharacter)) / baud
                         : std::chrono::nanoseconds(0);
@@ -46,14 +47,26 @@ std::string Line::TakeOut(Direction direction, Time now) {
         const auto carried = std::max((now - way.carried) / perCharacter_, Time::rep{0});
         count = std::min(count, static_cast<std::size_t>(carried));
     }
-    if (fault_ != Fault::None) {
-        count = std::min(count, static_cast<std::size_t>(left_));
-        left_ -= static_cast<int>(count);
-    }
-    way.carried = Stands() ? now : way.carried + perCharacter_ * static_cast<Time::rep>(count);
-    std::string out = way.waiting.substr(0, count);
-    way.waiting.erase(0, count);
+    std::string out = Faulty(way.waiting.substr(0, count));
+    way.carried = Stands() ? now : way.carried + perCharacter_ * static_cast<Time::rep>(out.size());
+    way.waiting.erase(0, out.size());
     return out;
+}
+
+// What comes out of it, which may be the beginning only.
+std::string Line::Faulty(std::string characters) {
+    const auto left = static_cast<std::size_t>(left_);
+    if (fault_ == Fault::None) {
+        return characters;
+    }
+    if (fault_ == Fault::Damage && left < characters.size()) {
+        characters[left] ^= 1;  // another digit or letter
+        fault_ = Fault::None;
+        return characters;
+    }
+    characters.resize(std::min(left, characters.size()));
+    left_ -= static_cast<int>(characters.size());
+    return characters;
 }
 
 bool Line::IsFull(Direction direction) const {

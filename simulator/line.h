@@ -16,14 +16,18 @@ enum class Direction { ToIndicator, FromIndicator };
 class Line {
   public:
     using Time = std::chrono::steady_clock::time_point;
+    // After so many more characters, in both directions together, the line breaks or stands still,
+    // or the next character comes out as another one.
+    enum class Fault { None, Cut, Stall, Damage };
 
     // 10 bits a character; 0 means as fast as it goes.
     void SetSpeed(int baud);
-    // After so many more characters, in both directions together, the line breaks or stands still.
-    void CutAfter(int characters) { Arm(Fault::Cut, characters); }
-    void StallAfter(int characters) { Arm(Fault::Stall, characters); }
+    int Speed() const { return baud_; }
+    void Arm(Fault fault, int characters);
     void Resume() { fault_ = Fault::None; }
     void Repair();  // what was on the line is lost
+
+    Fault Armed() const { return fault_; }  // to come, or there
 
     bool IsCut() const { return fault_ == Fault::Cut && left_ == 0; }
     bool IsStalled() const { return fault_ == Fault::Stall && left_ == 0; }
@@ -36,16 +40,16 @@ class Line {
     std::optional<Time> NextDue() const;
 
   private:
-    enum class Fault { None, Cut, Stall };
     struct Way {
         std::string waiting;
         Time carried;  // when the last character had come out, or the first went in
     };
 
-    void Arm(Fault fault, int characters);
-    bool Stands() const { return fault_ != Fault::None && left_ == 0; }
+    bool Stands() const { return IsCut() || IsStalled(); }
+    std::string Faulty(std::string characters);
     Way& Of(Direction direction) { return ways_[static_cast<std::size_t>(direction)]; }
 
+    int baud_ = 0;
     std::chrono::nanoseconds perCharacter_{0};
     Fault fault_ = Fault::None;
     int left_ = 0;  // characters until the fault

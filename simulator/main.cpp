@@ -13,12 +13,12 @@
 #include <string>
 #include <system_error>
 
-#include "block/block_file.h"
-#include "block/image.h"
 #include "paper/effects_file.h"
+#include "paper/text.h"
 #include "platform/files.h"
 #include "platform/serial/serial_settings.h"
 #include "platform/user_folder.h"
+#include "simulator/memory.h"
 #include "simulator/panel.h"
 #include "simulator/port_offer.h"
 #include "simulator/station.h"
@@ -98,28 +98,6 @@ Options ReadOptions(int argc, char** argv) {
     return options;
 }
 
-// What the block file holds; without one an empty memory. A file with faults in it is taken if it
-// has the form of an image, and the operator is told.
-struct Memory {
-    std::string image = NewTicketBuffer();
-    std::vector<std::string> faults;
-};
-
-Memory LoadMemory(const std::string& blockFile) {
-    if (blockFile.empty()) {
-        return {};
-    }
-    std::string bytes;
-    if (const Error error = ReadFile(blockFile, bytes, MostBlockFileBytes)) {
-        throw std::runtime_error(*error);
-    }
-    Memory memory{ImageIn(bytes), FaultsInBlockFile(bytes)};
-    if (memory.image.size() != ImageLength || !IsImage(memory.image)) {
-        throw std::runtime_error(blockFile + " is no ticket block. " + memory.faults.front());
-    }
-    return memory;
-}
-
 volatile std::sig_atomic_t ended = 0;
 
 // Signals that end the program come only while it waits.
@@ -183,7 +161,7 @@ class PaperFile {
     }
 
     void Keep(Indicator& indicator) {
-        const std::string paper = indicator.TakePaper();
+        const std::string paper = PaperText(indicator.TakePaper());
         if (path_.empty() || paper.empty()) {
             return;
         }
@@ -236,11 +214,11 @@ int Run(int argc, char** argv) {
     Indicator indicator(std::move(memory.image), std::move(effects));
     Station station(indicator);
     Line& line = station.Wire();
-    Panel panel(
-        indicator,
-        {[&](int baud) { line.SetSpeed(baud); }, [&](int characters) { line.CutAfter(characters); },
-         [&](int characters) { line.StallAfter(characters); }, [&] { line.Resume(); },
-         [&](int seconds) { station.SetSilence(std::chrono::seconds(seconds)); }});
+    Panel panel(indicator,
+                {[&](int baud) { line.SetSpeed(baud); },
+                 [&](Line::Fault fault, int characters) { line.Arm(fault, characters); },
+                 [&] { line.Resume(); },
+                 [&](int seconds) { station.SetSilence(std::chrono::seconds(seconds)); }});
     if (options.silence) {
         station.SetSilence(*options.silence);
     }

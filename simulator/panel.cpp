@@ -20,6 +20,7 @@ constexpr std::string_view Help =
     "speed N    carry N bits a second both ways; 0: as fast as it goes\n"
     "noise      send characters that mean nothing\n"
     "cut N      after N more characters pull the cable, and plug it in again a second later\n"
+    "damage N   after N more characters damage one\n"
     "stall N    after N more characters stand still, until stall is entered without a number\n"
     "silence N  end a capture when nothing has come for N seconds; 0: wait for ever\n"
     "help       this list\n"
@@ -105,9 +106,11 @@ bool Panel::DoWithNumber(const std::string& name, int number) {
     if (name == "speed") {
         line_.speed(number);
     } else if (name == "cut") {
-        line_.cutAfter(number);
+        line_.arm(Line::Fault::Cut, number);
     } else if (name == "stall") {
-        line_.stallAfter(number);
+        line_.arm(Line::Fault::Stall, number);
+    } else if (name == "damage") {
+        line_.arm(Line::Fault::Damage, number);
     } else if (name == "silence") {
         line_.silence(number);
     } else {

@@ -6,14 +6,14 @@
 #include <string_view>
 
 #include "simulator/indicator.h"
+#include "simulator/line.h"
 
 namespace varno {
 
 // What the panel does to the line and its end; both belong to the caller.
 struct LineSwitches {
     std::function<void(int baud)> speed;
-    std::function<void(int characters)> cutAfter;
-    std::function<void(int characters)> stallAfter;
+    std::function<void(Line::Fault fault, int characters)> arm;
     std::function<void()> resume;
     std::function<void(int seconds)> silence;
 };

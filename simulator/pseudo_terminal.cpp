@@ -33,11 +33,12 @@ void MakeRaw(int terminal) {
 
 }  // namespace
 
-PseudoTerminal::PseudoTerminal() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK)) {
+PseudoTerminal::PseudoTerminal()
+    : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {
     Check(master_ >= 0, "pseudo-terminal");
     Check(::grantpt(master_) == 0 && ::unlockpt(master_) == 0, "pseudo-terminal");
     device_ = ::ptsname(master_);
-    slave_ = ::open(device_.c_str(), O_RDWR | O_NOCTTY);
+    slave_ = ::open(device_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     Check(slave_ >= 0, "pseudo-terminal");
     MakeRaw(slave_);
     Check(::flock(slave_, LOCK_EX | LOCK_NB) == 0, "pseudo-terminal");

@@ -58,7 +58,8 @@ void Station::MoveToIndicator(Line::Time now) {
 void Station::MoveFromIndicator(Line::Time now) {
     line_.PutIn(Direction::FromIndicator, indicator_.TakeTransmission(), now);
     outgoing_ += line_.TakeOut(Direction::FromIndicator, now);
-    if (!cable_->HasProgram()) {
+    hasProgram_ = cable_->HasProgram();
+    if (!hasProgram_) {
         outgoing_.clear();  // nobody listens
     } else if (!outgoing_.empty()) {
         outgoing_.erase(0, cable_->Write(outgoing_));
@@ -77,6 +78,7 @@ void Station::Unplug(Line::Time now) {
         OnUnplugged();
     }
     cable_.reset();
+    hasProgram_ = false;
     line_.Repair();
     outgoing_.clear();
     plugAgain_ = now + UnpluggedFor;

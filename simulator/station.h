@@ -26,6 +26,9 @@ class Station {
     void Step(Line::Time now = std::chrono::steady_clock::now());
 
     Line& Wire() { return line_; }
+    const Line& Wire() const { return line_; }
+    bool IsPlugged() const { return cable_ != nullptr; }
+    bool HasProgram() const { return hasProgram_; }  // that has the device open
     // A capture ends when nothing has come for so long; 0: never.
     void SetSilence(std::chrono::seconds silence) { EndingCapture().after = silence; }
 
@@ -55,6 +58,7 @@ class Station {
     Indicator& indicator_;
     Line line_;
     std::unique_ptr<PseudoTerminal> cable_;
+    bool hasProgram_ = false;
     std::string outgoing_;  // has passed the line, but not been taken by the system
     Line::Time lastHeard_;
     std::array<Pause, 2> pauses_;

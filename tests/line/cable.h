@@ -60,11 +60,11 @@ class Cable {
         }
     }
     void Cut() {
-        Wire().CutAfter(0);
+        Wire().Arm(Line::Fault::Cut, 0);
         Step();
     }
     void Stall() {
-        Wire().StallAfter(0);
+        Wire().Arm(Line::Fault::Stall, 0);
         Step();
     }
     // What the indicator received outside a capture.

@@ -78,7 +78,7 @@ enum class Fault { Cut, StallThenAbort, StallThenEnd };
 void SendOverFault(Fault fault, int at) {
     Connection ends;
     Line& wire = ends.cable.Wire();
-    fault == Fault::Cut ? wire.CutAfter(at) : wire.StallAfter(at);
+    wire.Arm(fault == Fault::Cut ? Line::Fault::Cut : Line::Fault::Stall, at);
     QTimer abort;
     QObject::connect(&abort, &QTimer::timeout, [&] {
         if (wire.IsStalled()) {

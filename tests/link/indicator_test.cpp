@@ -11,6 +11,7 @@
 
 #include "block/image.h"
 #include "paper/effects_text.h"
+#include "paper/text.h"
 #include "platform/files.h"
 #include "simulator/line.h"
 #include "simulator/panel.h"
@@ -76,12 +77,15 @@ TEST(Indicator, ObeysItsPanel) {
     Effects effects;
     ParseEffects("P007 8 \"12480\"\nP8 \"kg\"", effects);
     Indicator indicator(Image, effects);
-    Panel panel(indicator,
-                {[&](int baud) { indicator.Say("speed = " + std::to_string(baud)); },
-                 [&](int count) { indicator.Say("cut = " + std::to_string(count)); },
-                 [&](int count) { indicator.Say("stall = " + std::to_string(count)); },
-                 [&] { indicator.Say("resume"); },
-                 [&](int count) { indicator.Say("silence = " + std::to_string(count)); }});
+    Panel panel(
+        indicator,
+        {[&](int baud) { indicator.Say("speed = " + std::to_string(baud)); },
+         [&](Line::Fault fault, int count) {
+             const char* const names[] = {"none", "cut", "stall", "damage"};
+             indicator.Say(names[static_cast<int>(fault)] + (" = " + std::to_string(count)));
+         },
+         [&] { indicator.Say("resume"); },
+         [&](int count) { indicator.Say("silence = " + std::to_string(count)); }});
     const std::string block = folder.Path() + "/My block.VRB";
     const std::pair<std::string, std::string> table[] = {
         {"p", "-- Print: ticket 212 --\nA[C005]\n   12480\u00E4[A27]\n--\n"},
@@ -95,6 +99,7 @@ TEST(Indicator, ObeysItsPanel) {
         {"speed 9600", "speed = 9600\n"},
         {"cut 0", "cut = 0\n"},
         {"STALL  17", "stall = 17\n"},
+        {"damage 4000", "damage = 4000\n"},
         {"stall", "resume\n"},
         {"silence 0", "silence = 0\n"},
         {"", ""},
@@ -103,12 +108,18 @@ TEST(Indicator, ObeysItsPanel) {
         panel.Run(command);
         EXPECT_EQ(indicator.TakeScreen(), screen) << command;
     }
+    panel.Run("p");
+    indicator.TakeScreen();
+    EXPECT_EQ(indicator.Display(), "Print: ticket 212");  // and no line of the paper
     for (const char* command : {"79", "speed -1", "cut", "stall 99999999999", "ps", "list all"}) {
         panel.Run(command);
         EXPECT_TRUE(indicator.TakeScreen().starts_with("not understood: ")) << command;
     }
-    EXPECT_EQ(indicator.TakePaper(),
-              "A[C005]\n   12480\u00E4[A27]\nA[C005]\n      99\u00E4[A27]\n");
+    EXPECT_EQ(PaperText(indicator.TakePaper()),
+              "A[C005]\n   12480\u00E4[A27]\n"
+              "A[C005]\n      99\u00E4[A27]\n"
+              "A[C005]\n      99\u00E4[A27]\n");
+    EXPECT_TRUE(indicator.TakePaper().rows.empty());
     std::string saved;
     EXPECT_EQ(ReadFile(block, saved), std::nullopt);
     EXPECT_EQ(saved, Image + "\r\n");
@@ -126,7 +137,7 @@ TEST(Line, CarriesAtItsSpeed) {
     line.SetSpeed(10000);  // 1000 characters a second
     const Line::Time start{std::chrono::seconds(1000)};
     line.PutIn(Direction::ToIndicator, "abcdef", start);
-    line.StallAfter(3);
+    line.Arm(Line::Fault::Stall, 3);
     const std::pair<int, const char*> table[] = {{0, ""}, {2, "ab"}, {2, ""}, {5, "c"}, {9, ""}};
     for (const auto& [time, carried] : table) {
         const auto now = start + std::chrono::milliseconds(time);
@@ -138,6 +149,21 @@ TEST(Line, CarriesAtItsSpeed) {
     EXPECT_FALSE(line.IsFull(Direction::ToIndicator));
     line.PutIn(Direction::ToIndicator, "1234567", later);
     EXPECT_TRUE(line.IsFull(Direction::ToIndicator));
+}
+
+TEST(Line, DamagesOneCharacterOfBothWaysTogether) {
+    Line line;
+    line.Arm(Line::Fault::Damage, 4);
+    const auto carry = [&](Direction direction, const char* characters) {
+        line.PutIn(direction, characters, {});
+        return line.TakeOut(direction, {});
+    };
+    EXPECT_EQ(carry(Direction::ToIndicator, "000"), "000");
+    EXPECT_EQ(carry(Direction::FromIndicator, "0"), "0");
+    EXPECT_EQ(line.Armed(), Line::Fault::Damage);
+    EXPECT_EQ(carry(Direction::ToIndicator, "000"), "100");
+    EXPECT_EQ(line.Armed(), Line::Fault::None);
+    EXPECT_EQ(carry(Direction::ToIndicator, "000"), "000");
 }
 
 // The program's end of the cable. It goes as a killed program does, giving nothing back.
