@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "block/image.h"
+#include "link/port_session.h"
+#include "tests/window/scripted_line.h"
 
 namespace varno {
 namespace {
@@ -85,6 +87,31 @@ TEST(BlockTransfer, SendsAnyImageAndTheFill) {
             EXPECT_EQ(block.Percent(), percent);
         }
         EXPECT_EQ(sent, image + std::string(362, 'F'));
+    }
+}
+
+// A line that recovers would get a block with a gap; what was wrong is said at the end.
+TEST(BlockTransfer, SendsNothingBehindAGap) {
+    for (const bool fails : {true, false}) {
+        ScriptedLine* there = nullptr;
+        ScriptedLine line(nullptr, there);
+        EXPECT_FALSE(line.OpenPort());
+        PortSession session(line);
+        int events = 0;
+        int percent = 0;
+        SendBlock(Image, session,
+                  {.ShowProgress = [&](int now) { percent = now; },
+                   .DoEvents =
+                       [&] {
+                           ++events;
+                           line.broken = fails && events >= 1000 && events < 1010;
+                           if (!fails && events == 1000) {
+                               session.End();
+                           }
+                       }});
+        EXPECT_EQ(line.sent, Image.substr(0, 1000));
+        EXPECT_EQ(session.Failure(), fails ? Error("cannot send") : Error());
+        EXPECT_EQ(percent, fails ? 100 : 12);
     }
 }
 
