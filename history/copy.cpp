@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <charconv>
 
 #include "codec/word.h"
 
@@ -81,38 +81,43 @@ std::string Unescaped(std::string_view escaped) {
     return name;
 }
 
+std::string Digits(int number, std::size_t count) {
+    const std::string digits = std::to_string(number);
+    return std::string(count - std::min(count, digits.size()), '0') + digits;
+}
+
 std::string FileTime(CopyTime time) {
     const auto day = floor<days>(time);
     const std::chrono::year_month_day date(day);
     const std::chrono::hh_mm_ss clock(time - day);
-    std::array<char, 64> text{};
-    std::snprintf(
-        text.data(), text.size(), "%04d%02u%02uT%02d%02d%02d%03dZ", static_cast<int>(date.year()),
-        static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-        static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
-        static_cast<int>(clock.seconds().count()), static_cast<int>(clock.subseconds().count()));
-    return text.data();
+    const auto count = [](auto value) { return static_cast<int>(value.count()); };
+    const auto part = [](auto value) { return static_cast<int>(static_cast<unsigned>(value)); };
+    return Digits(static_cast<int>(date.year()), 4) + Digits(part(date.month()), 2) +
+           Digits(part(date.day()), 2) + "T" + Digits(count(clock.hours()), 2) +
+           Digits(count(clock.minutes()), 2) + Digits(count(clock.seconds()), 2) +
+           Digits(count(clock.subseconds()), 3) + "Z";
 }
 
-std::optional<CopyTime> TimeOf(const std::string& text) {
-    int year = 0;
-    unsigned month = 0;
-    unsigned day = 0;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    int fraction = 0;
-    if (std::sscanf(text.c_str(), "%4d%2u%2uT%2d%2d%2d%3dZ", &year, &month, &day, &hour, &minute,
-                    &second, &fraction) != 7) {
-        return std::nullopt;
+// 0 for what is no number.
+unsigned NumberAt(std::string_view text, std::size_t position, std::size_t length) {
+    unsigned number = 0;
+    if (position + length <= text.size()) {
+        std::from_chars(text.data() + position, text.data() + position + length, number);
     }
-    const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month),
-                                           std::chrono::day(day)};
+    return number;
+}
+
+// Of a text that is no such time, nothing or some time.
+std::optional<CopyTime> TimeOf(std::string_view text) {
+    const std::chrono::year_month_day date{
+        std::chrono::year(static_cast<int>(NumberAt(text, 0, 4))),
+        std::chrono::month(NumberAt(text, 4, 2)), std::chrono::day(NumberAt(text, 6, 2))};
     if (!date.ok()) {
         return std::nullopt;
     }
-    return std::chrono::sys_days(date) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
-           std::chrono::seconds(second) + milliseconds(fraction);
+    return std::chrono::sys_days(date) + std::chrono::hours(NumberAt(text, 9, 2)) +
+           std::chrono::minutes(NumberAt(text, 11, 2)) +
+           std::chrono::seconds(NumberAt(text, 13, 2)) + milliseconds(NumberAt(text, 15, 3));
 }
 
 std::string_view Extension(CopyKind kind) {
@@ -128,7 +133,7 @@ std::string FileNameOf(const Copy& copy) {
 }
 
 std::optional<Copy> CopyOfName(std::string_view fileName) {
-    const std::optional<CopyTime> time = TimeOf(std::string(fileName.substr(0, TimeLength)));
+    const std::optional<CopyTime> time = TimeOf(fileName);
     const std::size_t afterCause = fileName.find('_', TimeLength + 1);
     const std::size_t afterName = fileName.rfind('.');
     if (!time || afterCause == std::string_view::npos || afterName == std::string_view::npos ||

@@ -1,9 +1,11 @@
 #include "history/history.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
 #include <utility>
 
+#include "codec/text_limits.h"
 #include "platform/files.h"
 #include "platform/user_folder.h"
 
@@ -11,6 +13,14 @@ namespace varno {
 namespace {
 
 constexpr int MostAttempts = 100;  // to be the first at a millisecond
+
+// No file that somebody gave the name of a copy, however long, takes the place of copies.
+constexpr std::size_t MostCopyBytes = MostTicketFileBytes;
+
+// Clocks go wrong. Copies of later days than today do not speak for what is kept today, and go
+// before all others; nobody knows how old a copy is that seems to be older than this program.
+constexpr std::chrono::days Tomorrow{1};
+constexpr CopyTime FirstTime = std::chrono::sys_days(std::chrono::year(2020) / 1 / 1);
 
 bool IsOfSame(const Copy& one, const Copy& other) {
     return one.kind == other.kind && one.name == other.name;
@@ -28,44 +38,36 @@ std::string HistoryFolder() {
     return state.empty() ? "" : state + "/history";
 }
 
-struct History::Kept {
-    Copy copy;
-    std::string fileName;
-    std::uintmax_t bytes = 0;
-};
-
-// Newest first; of the same time, in the order of their names.
-std::vector<History::Kept> History::Files() const {
-    std::vector<Kept> files;
-    for (FileEntry& file : FilesIn(folder_)) {
-        if (std::optional<Copy> copy = CopyOfName(file.name)) {
-            files.push_back({std::move(*copy), std::move(file.name), file.bytes});
-        }
-    }
-    std::sort(files.begin(), files.end(),
-              [](const Kept& a, const Kept& b) { return a.fileName > b.fileName; });
-    return files;
-}
-
 std::vector<Copy> History::Copies() const {
+    std::vector<std::string> names = FilesIn(folder_);
+    std::sort(names.begin(), names.end(), std::greater());
     std::vector<Copy> copies;
-    for (Kept& file : Files()) {
-        copies.push_back(std::move(file.copy));
+    for (const std::string& name : names) {
+        if (std::optional<Copy> copy = CopyOfName(name)) {
+            copies.push_back(std::move(*copy));
+        }
     }
     return copies;
 }
 
 Error History::Read(const Copy& copy, std::string& content) const {
-    return ReadFile(PathOf(FileNameOf(copy)), content);
-}
-
-bool History::Holds(const Kept& kept, std::string_view content) const {
     std::string bytes;
-    return kept.bytes == content.size() && !ReadFile(PathOf(kept.fileName), bytes) &&
-           bytes == content;
+    if (Error error = ReadFile(PathOf(copy), bytes, MostCopyBytes + 1)) {
+        return error;
+    }
+    if (bytes.size() > MostCopyBytes) {
+        return PathOf(copy) + ": the file is too long to be a copy";
+    }
+    content = std::move(bytes);
+    return std::nullopt;
 }
 
-Error History::Keep(Copy copy, std::string_view content, Copy* kept) const {
+bool History::Holds(const Copy& copy, std::string_view content) const {
+    std::string bytes;
+    return FileBytes(PathOf(copy)) == content.size() && !Read(copy, bytes) && bytes == content;
+}
+
+Error History::Keep(Copy copy, std::string_view content, Copy* kept) {
     if (folder_.empty()) {
         return "There is no home folder to keep copies in.";
     }
@@ -73,18 +75,24 @@ Error History::Keep(Copy copy, std::string_view content, Copy* kept) const {
         return error;
     }
     copy = CopyOfName(FileNameOf(copy)).value_or(copy);  // with the name as it can be kept
-    const std::vector<Kept> files = Files();
-    const auto newest = std::find_if(files.begin(), files.end(), [&copy](const Kept& file) {
-        return IsOfSame(file.copy, copy);
+    std::vector<Copy> copies = Copies();
+    const auto newest = std::find_if(copies.begin(), copies.end(), [&copy](const Copy& other) {
+        return IsOfSame(other, copy) && other.time <= copy.time + Tomorrow;
     });
-    const bool isKept = newest != files.end() && SpeaksFor(newest->copy.cause, copy.cause) &&
-                        Holds(*newest, content);
+    const bool isKept =
+        newest != copies.end() && SpeaksFor(newest->cause, copy.cause) && Holds(*newest, content);
     Error error;
     if (isKept) {
-        copy = newest->copy;
+        copy = *newest;
     } else {
         error = Write(copy, content);
-        Prune(copy.time);
+        if (!error) {
+            copies.insert(copies.begin(), copy);
+            unseen_ += content.size();
+        }
+        if (unseen_ > Slack()) {
+            Prune(std::move(copies), copy.time);
+        }
     }
     if (!error && kept != nullptr) {
         *kept = copy;
@@ -96,11 +104,11 @@ Error History::Keep(Copy copy, std::string_view content, Copy* kept) const {
 Error History::Write(Copy& copy, std::string_view content) const {
     Error error;
     for (int attempt = 0; attempt < MostAttempts; ++attempt) {
-        while (FileExists(PathOf(FileNameOf(copy)))) {
+        while (FileExists(PathOf(copy))) {
             copy.time += std::chrono::milliseconds(1);
         }
-        error = WriteNewFile(PathOf(FileNameOf(copy)), content);
-        if (!error || !FileExists(PathOf(FileNameOf(copy)))) {
+        error = WriteNewFile(PathOf(copy), content);
+        if (!error || !FileExists(PathOf(copy))) {
             break;
         }
     }
@@ -109,7 +117,7 @@ Error History::Write(Copy& copy, std::string_view content) const {
 
 // The new one first: whatever happens between, the content is there.
 Error History::Relabel(const Copy& copy, Cause cause) const {
-    if (!FileExists(PathOf(FileNameOf(copy)))) {
+    if (!FileExists(PathOf(copy))) {
         return std::nullopt;
     }
     std::string content;
@@ -121,22 +129,31 @@ Error History::Relabel(const Copy& copy, Cause cause) const {
     if (Error error = Write(relabelled, content)) {
         return error;
     }
-    return RemoveFile(PathOf(FileNameOf(copy)));
+    return RemoveFile(PathOf(copy));
 }
 
-// A copy that cannot be removed stays; the next time it is tried again.
-void History::Prune(CopyTime now) const {
+// Of the copies, newest first, the last go until the limits are kept, with room for what comes
+// until the next time. A copy that cannot be removed stays until then.
+void History::Prune(std::vector<Copy> copies, CopyTime now) {
+    std::stable_partition(copies.begin(), copies.end(),
+                          [now](const Copy& copy) { return copy.time <= now + Tomorrow; });
     std::uintmax_t bytes = 0;
-    std::set<std::pair<CopyKind, std::string>> seen;
-    for (const Kept& kept : Files()) {
-        const bool isNewest = seen.emplace(kept.copy.kind, kept.copy.name).second;
-        const bool isTooMuch = bytes + kept.bytes > limits_.bytes;
-        if (!isNewest && (isTooMuch || now - kept.copy.time > limits_.age)) {
-            (void)RemoveFile(PathOf(kept.fileName));
+    std::set<std::pair<CopyKind, std::string_view>> seen;
+    for (const Copy& copy : copies) {
+        const std::uintmax_t size = FileBytes(PathOf(copy));
+        if (size > MostCopyBytes) {
+            continue;
+        }
+        const bool isNewest = seen.emplace(copy.kind, copy.name).second;
+        const bool isTooMuch = bytes + size > limits_.bytes - Slack();
+        const bool isTooOld = copy.time >= FirstTime && now - copy.time > limits_.age;
+        if (!isNewest && (isTooMuch || isTooOld)) {
+            (void)RemoveFile(PathOf(copy));
         } else {
-            bytes += kept.bytes;
+            bytes += size;
         }
     }
+    unseen_ = 0;
 }
 
 }  // namespace varno

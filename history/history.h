@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,21 +35,22 @@ class History {
     // Makes a copy, unless the newest one of that name holds the same. Unsaved work is kept beside
     // one that holds the same for another cause, so that it is known as such. Then the oldest
     // copies go until the limits are kept. `kept` becomes the copy that holds the content.
-    [[nodiscard]] Error Keep(Copy copy, std::string_view content, Copy* kept = nullptr) const;
+    [[nodiscard]] Error Keep(Copy copy, std::string_view content, Copy* kept = nullptr);
 
     // Gives a copy another cause, if it is still there.
     [[nodiscard]] Error Relabel(const Copy& copy, Cause cause) const;
 
   private:
-    struct Kept;
-    std::vector<Kept> Files() const;
-    bool Holds(const Kept& kept, std::string_view content) const;
+    bool Holds(const Copy& copy, std::string_view content) const;
     Error Write(Copy& copy, std::string_view content) const;
-    void Prune(CopyTime now) const;
-    std::string PathOf(const std::string& fileName) const { return folder_ + "/" + fileName; }
+    void Prune(std::vector<Copy> copies, CopyTime now);
+    // What may come before all sizes are looked at again, which costs more than a copy.
+    std::uintmax_t Slack() const { return limits_.bytes / 100; }
+    std::string PathOf(const Copy& copy) const { return folder_ + "/" + FileNameOf(copy); }
 
     std::string folder_;
     HistoryLimits limits_;
+    std::uintmax_t unseen_ = std::numeric_limits<std::uintmax_t>::max() / 2;  // bytes kept since
 };
 
 }  // namespace varno

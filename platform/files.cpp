@@ -28,20 +28,6 @@ std::string LowerCase(std::string text) {
 
 }  // namespace
 
-std::vector<FileEntry> FilesIn(const std::string& folder) {
-    std::vector<FileEntry> files;
-    std::error_code error;
-    for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end;
-         entry.increment(error)) {
-        std::error_code gone;
-        if (!entry->is_symlink(gone) && entry->is_regular_file(gone)) {
-            const std::uintmax_t bytes = entry->file_size(gone);
-            files.push_back({ToUtf8(entry->path().filename()), gone ? 0 : bytes});
-        }
-    }
-    return files;
-}
-
 Error MakeFolder(const std::string& path) {
     std::error_code error;
     if (fs::is_directory(ToPath(path), error)) {
@@ -57,6 +43,12 @@ Error MakeFolder(const std::string& path) {
 Error RemoveFile(const std::string& path) {
     std::error_code error;
     return fs::remove(ToPath(path), error) ? std::nullopt : Error(path + ": " + error.message());
+}
+
+std::uintmax_t FileBytes(const std::string& path) {
+    std::error_code error;
+    const std::uintmax_t bytes = fs::file_size(ToPath(path), error);
+    return error ? 0 : bytes;
 }
 
 bool FileExists(const std::string& path) {

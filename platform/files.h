@@ -43,13 +43,12 @@ namespace varno {
 // Makes the folder for its user alone, and those that it lies in as the user's mask says.
 [[nodiscard]] Error MakeFolder(const std::string& path);
 
-struct FileEntry {
-    std::string name;
-    std::uintmax_t bytes = 0;
-};
+// The names of the ordinary files of a folder in any order, no links; none of a folder that cannot
+// be read.
+std::vector<std::string> FilesIn(const std::string& folder);
 
-// The ordinary files of a folder in any order, no links; none of a folder that cannot be read.
-std::vector<FileEntry> FilesIn(const std::string& folder);
+// How long a file is; 0 where there is none.
+std::uintmax_t FileBytes(const std::string& path);
 
 [[nodiscard]] Error RemoveFile(const std::string& path);
 

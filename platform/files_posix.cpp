@@ -16,6 +16,7 @@
 
 #include "platform/file_identity_posix.h"
 #include "platform/file_place_posix.h"
+#include "platform/folder_posix.h"
 #include "platform/temporary_file_posix.h"
 
 namespace varno {
@@ -299,6 +300,11 @@ Error WriteNewFile(const std::string& path, std::string_view bytes) {
         return Failure(path, Reason(errno));
     }
     return Finish(place, NewFilePrefix);
+}
+
+std::vector<std::string> FilesIn(const std::string& folder) {
+    const Descriptor place = Open(folder, O_RDONLY | O_DIRECTORY);
+    return place ? FilesIn(*place) : std::vector<std::string>();
 }
 
 void SurviveFailedWrites() {

@@ -97,6 +97,20 @@ Error WriteNewFile(const std::string& path, std::string_view bytes) {
     return written ? std::nullopt : Failure(path, errno);
 }
 
+std::vector<std::string> FilesIn(const std::string& folder) {
+    std::vector<std::string> files;
+    std::error_code error;
+    for (fs::directory_iterator entry(ToPath(folder), error), end; !error && entry != end;
+         entry.increment(error)) {
+        std::error_code gone;
+        if (!entry->is_symlink(gone) && entry->is_regular_file(gone)) {
+            const std::u8string name = entry->path().filename().u8string();
+            files.emplace_back(name.begin(), name.end());
+        }
+    }
+    return files;
+}
+
 void SurviveFailedWrites() {}  // here a failed write is never a signal
 
 struct FileLock::Held {

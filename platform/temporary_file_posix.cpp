@@ -1,6 +1,5 @@
 #include "platform/temporary_file_posix.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -8,9 +7,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <iomanip>
-#include <memory>
 #include <random>
 #include <sstream>
+
+#include "platform/folder_posix.h"
 
 namespace varno {
 
@@ -75,15 +75,7 @@ bool TemporaryFile::MoveToNew(const std::string& name) {
 }
 
 void RemoveLeftovers(int folder, const std::string& prefix) {
-    Descriptor list(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(list ? ::fdopendir(*list) : nullptr,
-                                                      &::closedir);
-    if (!entries) {
-        return;
-    }
-    list.Release();
-    while (const dirent* entry = ::readdir(entries.get())) {
-        const std::string name = entry->d_name;
+    for (const std::string& name : FilesIn(folder)) {
         if (!name.starts_with(prefix)) {
             continue;
         }

@@ -55,7 +55,7 @@ constexpr HistoryLimits NoLimits{.age = std::chrono::days(365'000),
 // the history cannot be written is only said.
 Error KeepCopy(const Request& request, Cause cause, const std::string& image) {
     const bool asked = !request.backupFolder.empty();
-    const History history =
+    History history =
         asked ? History(request.backupFolder, NoLimits) : History(HistoryFolder());
     const std::string& path = request.operands[0];
     const Copy copy = {

@@ -114,7 +114,7 @@ TEST_F(HistoryTest, CopiesAreDescribed) {
 }
 
 TEST_F(HistoryTest, KeepsEachContentOnceAndPrivately) {
-    const History history = Open();
+    History history = Open();
     Copy copy{.time = Noon, .cause = Cause::Delete, .name = "Shop1"};
     for (const char* content : {"A", "A", "B", "A"}) {
         EXPECT_EQ(history.Keep(copy, content), std::nullopt);  // all at the same millisecond
@@ -136,7 +136,7 @@ TEST_F(HistoryTest, KeepsEachContentOnceAndPrivately) {
 }
 
 TEST_F(HistoryTest, RemovesTheOldestButNeverTheLastOfAName) {
-    const History history = Open({.age = std::chrono::days(10), .bytes = 10});
+    History history = Open({.age = std::chrono::days(10), .bytes = 10});
     ASSERT_EQ(history.Keep({.time = Noon - 9999h, .name = "once"}, "1234567890"), std::nullopt);
     ASSERT_EQ(WriteFile(Folder() + "/notes.txt", std::string(99, 'x')), std::nullopt);
     for (int day = 0; day < 12; ++day) {
@@ -154,6 +154,62 @@ TEST_F(HistoryTest, RemovesTheOldestButNeverTheLastOfAName) {
     ASSERT_EQ(Open({.age = std::chrono::days(10)}).Keep({.time = Noon + 9000h, .name = "new"}, "n"),
               std::nullopt);
     EXPECT_EQ(Open().Copies().size(), 3U) << Shown();
+}
+
+// A folder that others write into too, by hand, by mistake or on purpose.
+TEST_F(HistoryTest, TakesNoForeignFileForACopy) {
+    History history = Open({.bytes = 100});
+    const Copy shop{.time = Noon, .name = "Shop"};
+    ASSERT_EQ(history.Keep(shop, "1"), std::nullopt);
+    ASSERT_EQ(history.Keep(shop, "2"), std::nullopt);
+    const auto path = [&](CopyTime time) {
+        return Folder() + "/" + FileNameOf({.time = time, .name = "Shop"});
+    };
+    fs::create_directory(path(Noon + 1h));
+    fs::create_symlink(path(Noon), path(Noon + 2h));
+    fs::create_symlink("nowhere", path(Noon + 3h));
+    ASSERT_EQ(WriteFile(Folder() + "/20261123T120000000Z_put_Shop.vrb", "near"), std::nullopt);
+    ASSERT_EQ(mkfifo(path(Noon + 4h).c_str(), 0600), 0);
+    EXPECT_EQ(history.Copies().size(), 2U);
+
+    // One that no program of ours wrote is not read as a whole, and takes no room from the others.
+    ASSERT_EQ(WriteFile(path(Noon + 5h), ""), std::nullopt);
+    fs::resize_file(path(Noon + 5h), std::uintmax_t{5} << 30);
+    std::string content;
+    EXPECT_NE(history.Read({.time = Noon + 5h, .name = "Shop"}, content), std::nullopt);
+    ASSERT_EQ(Open({.bytes = 100}).Keep({.time = Noon + 6h, .name = "Shop"}, "3"), std::nullopt);
+    EXPECT_EQ(history.Copies().size(), 4U);
+
+    ASSERT_EQ(WriteFile(place_ / "file", ""), std::nullopt);
+    for (const fs::path& folder : {place_ / "file", place_ / "file" / "history"}) {
+        EXPECT_NE(History(folder).Keep(shop, "1"), std::nullopt) << folder;
+        EXPECT_TRUE(History(folder).Copies().empty());
+    }
+}
+
+TEST_F(HistoryTest, LosesNothingToAWrongClock) {
+    constexpr CopyTime firstDay = std::chrono::sys_days(std::chrono::year(2000) / 1 / 1);
+    const HistoryLimits limits = {.bytes = 5};
+    const auto keep = [&](CopyTime time, const char* content) {
+        EXPECT_EQ(Open(limits).Keep({.time = time, .name = "Shop"}, content), std::nullopt);
+    };
+    keep(Noon + 99 * 24h, "A");  // the clock is wrong, and then right again
+    keep(Noon + 98 * 24h, "B");
+    keep(Noon, "A");
+    keep(Noon + 1h, "B");
+    keep(Noon + 2h, "C");
+    keep(Noon + 3h, "D");  // no room any more
+    EXPECT_EQ(Shown(),
+              "20270302T120000000Z_unsaved_Shop.VRB=A\n"
+              "20261123T150000000Z_unsaved_Shop.VRB=D\n"
+              "20261123T140000000Z_unsaved_Shop.VRB=C\n"
+              "20261123T130000000Z_unsaved_Shop.VRB=B\n"
+              "20261123T120000000Z_unsaved_Shop.VRB=A\n");
+    keep(firstDay, "E");  // a new battery is needed; E and F are not a quarter of a century old
+    keep(firstDay + 1h, "F");
+    keep(Noon + 4h, "G");
+    EXPECT_EQ(Open().Copies().size(), 5U);
+    EXPECT_NE(Shown().find("F"), std::string::npos) << Shown();
 }
 
 TEST_F(HistoryTest, IsWholeWhenProgramsAreKilledWhileTheyWrite) {
