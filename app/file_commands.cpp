@@ -48,6 +48,7 @@ Error FileCommands::OpenTicketFile(const std::string& path) {
     controls_.RichText.SetContent(ticket);
     if (ShowName(controls_.TicketName, BareName(path), TicketKind.extension)) {
         state_.TicketChanged = false;
+        isCopy_ = false;
     }
     return std::nullopt;
 }
@@ -114,7 +115,7 @@ void FileCommands::LoadList_Click() {
 
 void FileCommands::SaveTicket_Click() {
     const std::string name = controls_.TicketName.Caption();
-    if (name.empty()) {
+    if (name.empty() || isCopy_) {
         SaveTicketAs_Click();
     } else if (Write(TicketKind, state_.folders.SaveTicketFolder + name + ".VRT", TicketBytes())) {
         state_.TicketChanged = false;
@@ -128,7 +129,9 @@ void FileCommands::SaveTicketAs_Click() {
     if (!chosen || !Write(TicketKind, chosen->fileName, TicketBytes())) {
         return;
     }
-    ShowName(controls_.TicketName, chosen->fileTitle, TicketKind.extension);
+    if (ShowName(controls_.TicketName, chosen->fileTitle, TicketKind.extension)) {
+        isCopy_ = false;
+    }
     state_.folders.SaveTicketFolder = FolderOf(chosen->fileName, chosen->fileTitle);
     state_.TicketChanged = false;
     announce_(CommandEvent::TicketSaved);
@@ -144,6 +147,55 @@ void FileCommands::SaveList_Click() {
     state_.folders.SaveListFolder = FolderOf(chosen->fileName, chosen->fileTitle);
     state_.block.BlockChanged = false;
     announce_(CommandEvent::BlockSaved);
+}
+
+Error FileCommands::OpenCopy(const Copy& copy, const std::string& bytes) {
+    Error error;
+    if (copy.kind == CopyKind::Ticket) {
+        error = OpenTicketCopy(copy, bytes);
+    } else {
+        OpenBlockCopy(copy, bytes);
+    }
+    if (!error && copy.cause == Cause::Unsaved) {
+        safekeeping_.Resume(copy);
+    }
+    return error;
+}
+
+Error FileCommands::OpenTicketCopy(const Copy& copy, const std::string& bytes) {
+    MarkedText ticket;
+    if (Error error = LoadMarkedText(bytes, ticket)) {
+        return error;
+    }
+    AskToSaveTicket();
+    announce_(CommandEvent::TicketOpens);
+    controls_.RichText.SetContent(ticket);
+    controls_.TicketName.SetCaption(copy.name);
+    controls_.TicketNumber.SetText("");
+    state_.TicketChanged = true;
+    isCopy_ = true;
+    return std::nullopt;
+}
+
+void FileCommands::OpenBlockCopy(const Copy& copy, const std::string& bytes) {
+    AskToSaveBlock();
+    announce_(CommandEvent::BlockOpens);
+    controls_.TicketList.Clear();
+    state_.block.TicketBuffer = ImageIn(bytes);
+    ParseTicketBuffer(state_.block, controls_.TicketList, controls_.Message);
+    controls_.ListName.SetCaption(copy.name.empty() ? " " : copy.name);
+    state_.block.BlockChanged = true;
+    announce_(CommandEvent::BlockOpened);
+}
+
+void FileCommands::SaveCopyAs(const Copy& copy, const std::string& bytes) {
+    const bool isBlock = copy.kind == CopyKind::Block;
+    const Kind& kind = isBlock ? BlockKind : TicketKind;
+    const std::string& folder =
+        isBlock ? state_.folders.SaveListFolder : state_.folders.SaveTicketFolder;
+    if (const auto chosen = ChooseNewFile(kind, folder, copy.name + "." + kind.extension)) {
+        Write(kind, chosen->fileName, bytes);
+    }
 }
 
 void FileCommands::SavePdfAs(const std::string& name, const std::string& bytes) {

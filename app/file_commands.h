@@ -42,6 +42,12 @@ class FileCommands {
     // Asks where to save a document of this name and saves it.
     void SavePdfAs(const std::string& name, const std::string& bytes);
 
+    // Opens a copy of the history as unsaved work, after the question about what is open. Its file
+    // may hold something newer: saving it asks for a name first.
+    [[nodiscard]] Error OpenCopy(const Copy& copy, const std::string& bytes);
+    // Asks where to save a copy of the history and saves it.
+    void SaveCopyAs(const Copy& copy, const std::string& bytes);
+
     // The unsaved-changes questions, with Yes and No; asked only while there is something to lose.
     void AskToSaveTicket();
     void AskToSaveBlock();
@@ -62,12 +68,15 @@ class FileCommands {
     bool ConfirmOverwriting(const ChosenFile& chosen);
     bool Write(const Kind& kind, const std::string& path, const std::string& bytes);
     std::string TicketBytes() const;
+    Error OpenTicketCopy(const Copy& copy, const std::string& bytes);
+    void OpenBlockCopy(const Copy& copy, const std::string& bytes);
 
     FileControls controls_;
     Dialogs& dialogs_;
     WorkingState& state_;
     Safekeeping& safekeeping_;
     Announce announce_;
+    bool isCopy_ = false;  // the ticket is a copy, its name no file that the operator chose
 };
 
 }  // namespace varno

@@ -38,6 +38,7 @@ Form1::Form1(Platform& platform)
           safekeeping_.On(event);
           commandStates_.On(event);
           preview_.On(event);
+          history_.On(event);
       }),
       files_({.RichText = controls_.RichText,
               .TicketList = controls_.TicketList,
@@ -75,7 +76,17 @@ Form1::Form1(Platform& platform)
                 .block = state_.block,
                 .caretPlaced = [this] { editor_.RichText_Click(); },
                 .savePdf = [this](const std::string& name,
-                                  const std::string& bytes) { files_.SavePdfAs(name, bytes); }}) {
+                                  const std::string& bytes) { files_.SavePdfAs(name, bytes); }}),
+      history_(
+          platform,
+          {.window = *window_,
+           .RichText = controls_.RichText,
+           .block = state_.block,
+           .comment = CommentsOf(catalogues_),
+           .trouble = [this] { return safekeeping_.Trouble(); },
+           .open = [this](const Copy& copy, const std::string& bytes) { OpenCopy(copy, bytes); },
+           .saveAs = [this](const Copy& copy,
+                            const std::string& bytes) { files_.SaveCopyAs(copy, bytes); }}) {
     ConnectFiles();
     ConnectBlock();
     ConnectEditor();
@@ -166,6 +177,19 @@ void Form1::ConnectLink() {
 void Form1::ConnectPreview() {
     controls_.RichText.OnSelChange = [this] { preview_.RichText_SelChange(); };
     Menu("ShowPreview").OnClick = [this] { preview_.ShowPreview_Click(); };
+    Menu("ShowHistory").OnClick = [this] { history_.ShowHistory_Click(); };
+}
+
+// The keys go to what was opened.
+void Form1::OpenCopy(const Copy& copy, const std::string& bytes) {
+    if (const Error error = files_.OpenCopy(copy, bytes)) {
+        platform_.DialogBoxes().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
+        return;
+    }
+    Control& opened = copy.kind == CopyKind::Ticket ? static_cast<Control&>(controls_.RichText)
+                                                    : controls_.TicketList;
+    opened.SetFocus();
+    window_->Activate();
 }
 
 void Form1::ConnectWindow() {

@@ -14,6 +14,7 @@
 #include "block/ticket_list_view.h"
 #include "editor/insert_commands.h"
 #include "editor/ticket_editor.h"
+#include "history/history_window.h"
 #include "link/download.h"
 #include "link/serial_settings_command.h"
 #include "link/terminal.h"
@@ -45,6 +46,7 @@ class Form1 {
     void ConnectEditor();
     void ConnectLink();
     void ConnectPreview();
+    void OpenCopy(const Copy& copy, const std::string& bytes);
     void ConnectWindow();
     void OpenFileOfCommandLine();
 
@@ -77,6 +79,7 @@ class Form1 {
     Terminal terminal_;
     Tutorial tutorial_;
     Preview preview_;
+    HistoryWindow history_;
 };
 
 }  // namespace varno

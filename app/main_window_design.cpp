@@ -158,6 +158,8 @@ constexpr std::array Layout{
 
 constexpr std::array<std::string_view, 2> EditorAndList{"RichText", "TicketList"};
 constexpr std::array ContextItems{
+    ContextItemDesign{
+        .name = "ShowHistory", .caption = "Histor&y", .key = "F6", .controls = EditorAndList},
     ContextItemDesign{.name = "ShowPreview",
                       .caption = "Ticket Pre&view",
                       .key = "F7",

@@ -165,6 +165,20 @@ class DropDownList : public Control {
     std::function<void()> OnClick;  // the user chose an entry
 };
 
+// Rows in columns, of which one can be selected. The texts are the program's: the table asks for
+// those that it shows.
+class Table : public Control {
+  public:
+    // The rows and their texts are others from now on. `selected` is selected and brought into
+    // sight; -1: none, and the first row is in sight. Raises no event.
+    virtual void ShowRows(int count, int selected) = 0;
+    virtual void Repaint() = 0;           // some texts have changed
+    virtual int SelectedRow() const = 0;  // -1 for none
+
+    std::function<std::string(int row, int column)> OnText;
+    std::function<void()> OnClick;  // a row was selected, with mouse or keyboard
+};
+
 class Timer : public Component {
   public:
     virtual bool Enabled() const = 0;

@@ -33,6 +33,7 @@ enum class ControlKind {
     ListBox,
     SimpleCombo,   // an edit field over a list that is always open
     DropDownList,  // a list of which one entry is chosen
+    Table,         // rows in columns, read only
     Timer,         // invisible; `interval` counts
 };
 
@@ -42,6 +43,11 @@ enum class FontFace {
     Interface,   // a small sans serif, of boxes and menus too
     FixedWidth,  // Courier, 9.75 points
     List,        // a sans serif of 9.75 points
+};
+
+struct ColumnDesign {
+    std::string_view caption;
+    int width = 0;  // 0: as wide as what stands in it
 };
 
 struct ControlDesign {
@@ -67,6 +73,7 @@ struct ControlDesign {
     int growsTo = 0;             // Label: widens so far for a long caption; its aligned edge stays
     bool isDefault = false;      // Button: pressed by Enter
     bool isCancel = false;       // Button: pressed by Esc
+    std::span<const ColumnDesign> columns = {};  // Table; without captions it has no header
     // SimpleCombo: the access names of its two halves; accessibleName names the edit field.
     std::string_view listAccessibleName = {};
 };

@@ -6,6 +6,7 @@
 #include "platform/qt/rich_text_box.h"
 #include "platform/qt/simple_combo.h"
 #include "platform/qt/simple_controls.h"
+#include "platform/qt/table.h"
 #include "platform/qt/text_area.h"
 
 namespace varno {
@@ -49,6 +50,8 @@ NewControl MakeControl(const ControlDesign& design, QWidget* parent) {
             return Make<QtSimpleCombo>(design, parent);
         case ControlKind::DropDownList:
             return Make<QtDropDownList>(design, parent);
+        case ControlKind::Table:
+            return Make<QtTable>(design, parent);
         case ControlKind::Timer:
             break;
     }

@@ -3,11 +3,18 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
+#include <QLineEdit>
+#include <QTreeView>
 #include <algorithm>
 
 #include "block/block_file.h"
+#include "codec/encoder.h"
 #include "codec/utf8.h"
+#include "platform/files.h"
+#include "platform/qt/paper_sheet.h"
 #include "platform/rtf/rtf_reader.h"
+#include "tests/codec/picture.h"
 #include "tests/window/real_window.h"
 
 namespace varno {
@@ -93,6 +100,203 @@ TEST_F(HistoryOfTheWindow, HoldsWhatEachCommandTookAway) {
               "close_Other.VRT: moreagainother\n"
               "close_.VRB: 300\n"
               "close_Other.VRT: moreagain!other\n");
+}
+
+// The window that F6 opens.
+class WindowOfTheHistory : public HistoryOfTheWindow {
+  protected:
+    void Keep(const std::string& fileName, const std::string& bytes) {
+        ASSERT_EQ(MakeFolder(HistoryFolder()), std::nullopt);
+        WriteText(HistoryFolder() + "/" + fileName, bytes);
+    }
+    void Open() {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
+        history = window.TopLevel()->findChild<QWidget*>("History");
+        ASSERT_TRUE(history != nullptr && history->isVisible());
+        QApplication::setActiveWindow(history);
+    }
+    std::string Rows(const char* table = "Copies", int firstColumn = 1) {
+        const QAbstractItemModel& model = *history->findChild<QTreeView*>(table)->model();
+        std::string rows;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            for (int column = firstColumn; column < model.columnCount(); ++column) {
+                rows += model.index(row, column).data().toString().toStdString() + "|";
+            }
+            rows += "\n";
+        }
+        return rows;
+    }
+    std::string Differences() { return Rows("Differences", 0); }
+    void Press(const char* button) {
+        QTest::mouseClick(history->findChild<QWidget*>(button), Qt::LeftButton);
+    }
+    void Choose(int row) {
+        auto* copies = history->findChild<QTreeView*>("Copies");
+        copies->setFocus();
+        QTest::keyClick(copies, Qt::Key_Home);
+        for (int i = 0; i < row; ++i) {
+            QTest::keyClick(copies, Qt::Key_Down);
+        }
+    }
+    void Find(const char* words) {
+        auto* find = history->findChild<QLineEdit*>("Find");
+        find->clear();
+        QTest::keyClicks(find, words);
+    }
+
+    RealWindow window{folder};
+    ScriptedDialogs& script = window.platform.dialogs;
+    QWidget* history = nullptr;
+};
+
+constexpr const char* Rtf = "{\\rtf1 old\\par}";
+
+std::string Block(std::initializer_list<int> tickets) {
+    TicketBlock block;
+    for (const int number : tickets) {
+        EXPECT_EQ(block.PutRecord(number, EncodeTicket(FromPicture("Net"), number)),
+                  PutResult::Put);
+    }
+    return BlockFileBytes(block.TicketBuffer);
+}
+
+TEST_F(WindowOfTheHistory, TellsOfEachCopyAndFindsIt) {
+    std::string damaged = Block({212});
+    damaged[9] = damaged[9] == '0' ? '1' : '0';
+    Keep("20260101T000000000Z_download-COM3_Plant.VRB", Block({300, 212}));
+    Keep("20260102T000000000Z_uploaded-COM3_Plant.VRB", damaged);
+    Keep("20260103T000000000Z_save_Shop1.VRT", Rtf);
+    Keep("20260104T000000000Z_save_Shop2.VRT", "no rtf");
+    Keep("20260105T000000000Z_unsaved_Shop1.VRT", Rtf);
+    Keep("20260106T000000000Z_delete_.VRB", "");
+    Keep("notes.txt", "of somebody else");
+    ASSERT_EQ(MakeFolder(HistoryFolder() + "/20260107T000000000Z_delete_.VRB"), std::nullopt);
+    window.Start();
+    Open();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Rows().find("212, 300") != std::string::npos; }));
+    const std::string all = Rows();
+    EXPECT_TRUE(
+        all.starts_with("Lost work: the program was not closed|ticket|Shop1||sound|\n"
+                        "Before a ticket was deleted|block||none|"))
+        << all;
+    EXPECT_NE(all.find("After an upload from COM3|block|Plant|212|The checksum"), std::string::npos)
+        << all;
+    EXPECT_NE(all.find("Shop2||The file is not "), std::string::npos) << all;
+    EXPECT_TRUE(all.ends_with("Before a download to COM3|block|Plant|212, 300|sound|\n")) << all;
+    EXPECT_EQ(history->findChild<QLabel*>("Summary")->text(), "6 copies");
+
+    const std::pair<const char*, int> finds[] = {
+        {"shop1", 2}, {"COM3", 2}, {"300", 1}, {"checksum", 1}, {"plant sound", 1}, {"nothing", 0}};
+    for (const auto& [words, count] : finds) {
+        Find(words);
+        const std::string rows = Rows();
+        EXPECT_EQ(std::count(rows.begin(), rows.end(), '\n'), count) << words << "\n" << rows;
+    }
+    EXPECT_FALSE(history->findChild<QWidget*>("OpenButton")->isEnabled());
+    EXPECT_EQ(Differences(), "");
+    Find("");
+    EXPECT_EQ(Rows(), all);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);  // opens nothing
+    EXPECT_EQ(window.Ticket(), u"");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(history->isVisible());
+}
+
+TEST_F(WindowOfTheHistory, TellsWhatDiffersFromWhatIsOpen) {
+    Keep("20260101T000000000Z_delete_Plant.VRB", Block({300, 212}));
+    Keep("20260102T000000000Z_save_Shop1.VRT", Rtf);
+    window.Start();
+    window.TypeTicket("new");
+    Open();
+    EXPECT_EQ(Differences(), "  - new|\n  + old|\n");
+    auto* paper = history->findChild<PaperSheet*>("Paper");
+    EXPECT_EQ(paper->Text(), "old\n");
+    Choose(1);
+    EXPECT_EQ(Differences(), "ticket 212 is only in the copy|\nticket 300 is only in the copy|\n");
+    EXPECT_EQ(paper->Text(), "Net\n");
+
+    window.Put("300");  // the window follows
+    const std::string follows =
+        "ticket 212 is only in the copy|\n"
+        "ticket 300 differs:|\n  - new|\n  + Net|\n";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Differences() == follows; })) << Differences();
+    window.ClickRow(0);
+    QTest::keyClick(window.Widget<QWidget>("TicketList"), Qt::Key_P);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return Differences() == follows + "key Print prints 300 in the window, none in the copy|\n";
+    })) << Differences();
+}
+
+TEST_F(WindowOfTheHistory, OpensACopyAndLosesNothing) {
+    Keep("20260101T000000000Z_delete_Plant.VRB", Block({300, 212}));
+    Keep("20260102T000000000Z_save_Shop1.VRT", Rtf);
+    WriteText(folder.Path("Shop1.VRT"), "newer");
+    window.Start();
+    window.TypeTicket("mine");
+    Open();
+    script.Expect(SaveTicketQuestion, Answer::Yes);
+    script.ExpectSave(std::nullopt);  // called off: asked again
+    script.Expect(SaveTicketQuestion, Answer::No);
+    Press("OpenButton");
+    EXPECT_EQ(window.Ticket(), u"old");
+    EXPECT_EQ(window.Caption("TicketName"), "Shop1");
+    EXPECT_TRUE(window.form.State().TicketChanged);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return Kept().find("open_.VRT: mine") != std::string::npos;
+    })) << Kept();
+
+    // Its name is no file that was chosen: Save asks for one.
+    script.ExpectSave(ChosenFile{folder.Path("Shop3.VRT"), "Shop3.VRT"});
+    window.Choose("SaveTicket");
+    EXPECT_EQ(FileText(folder.Path("Shop1.VRT")), "newer");
+    EXPECT_EQ(window.Caption("TicketName"), "Shop3");
+    window.TypeTicket("!");
+    window.Choose("SaveTicket");  // now it has
+    EXPECT_FALSE(window.form.State().TicketChanged);
+
+    window.Put("205");
+    Find("plant");
+    script.Expect(SaveBlockQuestion, Answer::No);
+    Press("OpenButton");
+    EXPECT_EQ(window.Rows(), "212|300");
+    EXPECT_EQ(window.Caption("ListName"), "Plant");
+    EXPECT_TRUE(window.form.State().block.BlockChanged);
+    EXPECT_TRUE(window.Widget<QWidget>("DownloadButton")->isEnabled());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Kept().find("open_.VRB: 205") != std::string::npos; }))
+        << Kept();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return Differences() == "Nothing: the same block is open.|\n";
+    })) << Differences();
+
+    script.ExpectSave(ChosenFile{folder.Path("Copy.VRB"), "Copy.VRB"});
+    Press("SaveCopyButton");
+    EXPECT_EQ(FileText(folder.Path("Copy.VRB")), Block({300, 212}));
+    EXPECT_EQ(script.fileDialogs.back().fileName, "Plant.VRB");
+}
+
+// Until it is saved it is lost work, and never again.
+TEST_F(WindowOfTheHistory, GivesLostWorkBack) {
+    Keep("20260101T000000000Z_unsaved_Shop1.VRT", Rtf);
+    window.Start();
+    Open();
+    Press("OpenButton");
+    window.Get<Timer>("SafekeepingTimer").OnTimer();
+    script.ExpectSave(ChosenFile{folder.Path("Shop1.VRT"), "Shop1.VRT"});
+    window.Choose("SaveTicket");
+    const std::string row = "While it was worked on|ticket|Shop1||sound|\n";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Rows() == row + row; })) << Rows();
+}
+
+TEST_F(WindowOfTheHistory, SaysThatNothingCanBeKept) {
+    WriteText(folder.Path("VarnoTicketFormatter"), "no folder");
+    window.Start();
+    window.TypeTicket("x");
+    window.Get<Timer>("SafekeepingTimer").OnTimer();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        Open();
+        return history->findChild<QLabel*>("Summary")->text().startsWith(
+            "The last copy could not be kept. ");
+    }));
 }
 
 }  // namespace

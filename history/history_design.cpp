@@ -1,0 +1,124 @@
+#include "history/history_design.h"
+
+#include <array>
+
+#include "history/comparison.h"
+
+namespace varno {
+namespace {
+
+using Kind = ControlKind;
+
+// In the order of CopyColumn.
+constexpr std::array CopyColumns{
+    ColumnDesign{"When", 1740}, ColumnDesign{"What happened", 3420}, ColumnDesign{"Kind", 690},
+    ColumnDesign{"Name", 1380}, ColumnDesign{"Tickets", 1500},       ColumnDesign{"Soundness", 900},
+};
+constexpr std::array<ColumnDesign, 1> Sentences{};
+
+constexpr std::array Controls{
+    ControlDesign{.name = "Summary",
+                  .kind = Kind::Label,
+                  .place = {120, 120, 14160, 270},
+                  .accessibleDescription = "What is kept, and what could not be kept"},
+    ControlDesign{
+        .name = "FindLabel", .kind = Kind::Label, .caption = "Find", .place = {120, 540, 480, 270}},
+    ControlDesign{.name = "Find",
+                  .kind = Kind::TextBox,
+                  .place = {600, 510, 9660, 330},
+                  .accessibleName = "Find",
+                  .accessibleDescription = "Shows the copies that hold these words"},
+    ControlDesign{.name = "Copies",
+                  .kind = Kind::Table,
+                  .place = {120, 960, 10140, 3900},
+                  .accessibleName = "Copies",
+                  .columns = CopyColumns},
+    ControlDesign{.name = "DifferencesLabel",
+                  .kind = Kind::Label,
+                  .caption = ComparisonLegend,
+                  .place = {120, 4980, 10140, 270}},
+    ControlDesign{.name = "Differences",
+                  .kind = Kind::Table,
+                  .place = {120, 5280, 10140, 1800},
+                  .accessibleName = "What differs",
+                  .font = FontFace::FixedWidth,
+                  .columns = Sentences},
+    ControlDesign{.name = "CopyTicketLabel",
+                  .kind = Kind::Label,
+                  .caption = "Paper of",
+                  .place = {10380, 540, 780, 270}},
+    ControlDesign{.name = "CopyTicket",
+                  .kind = Kind::DropDownList,
+                  .place = {11160, 510, 3120, 330},
+                  .accessibleName = "Paper of",
+                  // To the accessibility bus the name is what the list shows.
+                  .accessibleDescription = "Ticket of the copy whose paper is shown"},
+    ControlDesign{.name = "Paper",
+                  .kind = Kind::PaperView,
+                  .place = {10380, 960, 3900, 6120},
+                  .accessibleName = "Printed ticket",
+                  .font = FontFace::FixedWidth},
+    ControlDesign{.name = "OpenButton",
+                  .kind = Kind::Button,
+                  .caption = "&Open",
+                  .place = {120, 7200, 1320, 480}},
+    ControlDesign{.name = "SaveCopyButton",
+                  .kind = Kind::Button,
+                  .caption = "&Save copy as ...",
+                  .place = {1560, 7200, 1740, 480}},
+    ControlDesign{.name = "CloseButton",
+                  .kind = Kind::Button,
+                  .caption = "&Close",
+                  .place = {12960, 7200, 1320, 480},
+                  .isCancel = true},
+    ControlDesign{.name = "PauseTimer", .kind = Kind::Timer, .enabled = false, .interval = 250},
+    ControlDesign{.name = "LearnTimer", .kind = Kind::Timer, .enabled = false, .interval = 0},
+};
+
+constexpr std::array<std::string_view, 1> OnCopies{"Copies"};
+constexpr std::array<std::string_view, 1> OnPaper{"Paper"};
+constexpr std::array Items{
+    ContextItemDesign{
+        .name = "BackToWork", .caption = "&Back to the work", .key = "F6", .controls = OnCopies},
+    ContextItemDesign{
+        .name = "CopyText", .caption = "&Copy as text", .key = "Ctrl+C", .controls = OnPaper},
+};
+
+constexpr WindowDesign Design{.name = "History",
+                              .caption = "History",
+                              .clientWidth = 14400,
+                              .clientHeight = 7800,
+                              .minimizeButton = false,
+                              .controls = Controls,
+                              .contextItems = Items};
+
+constexpr std::array Layout{
+    LayoutRow{"Summary", Measure::Width, -360},
+    LayoutRow{"Find", Measure::Width, -4860},
+    LayoutRow{"Copies", Measure::Width, -4380},
+    LayoutRow{"Copies", Measure::Height, -4305},
+    LayoutRow{"DifferencesLabel", Measure::Top, -3225},
+    LayoutRow{"DifferencesLabel", Measure::Width, -4380},
+    LayoutRow{"Differences", Measure::Top, -2925},
+    LayoutRow{"Differences", Measure::Width, -4380},
+    LayoutRow{"CopyTicketLabel", Measure::Left, -4140},
+    LayoutRow{"CopyTicket", Measure::Left, -3360},
+    LayoutRow{"Paper", Measure::Left, -4140},
+    LayoutRow{"Paper", Measure::Height, -2085},
+    LayoutRow{"OpenButton", Measure::Top, -1005},
+    LayoutRow{"SaveCopyButton", Measure::Top, -1005},
+    LayoutRow{"CloseButton", Measure::Left, -1560},
+    LayoutRow{"CloseButton", Measure::Top, -1005},
+};
+
+}  // namespace
+
+const WindowDesign& HistoryDesign() {
+    return Design;
+}
+
+std::span<const LayoutRow> HistoryLayout() {
+    return Layout;
+}
+
+}  // namespace varno
