@@ -18,6 +18,7 @@
 #include "platform/rtf/rtf_writer.h"
 #include "tools/check.h"
 #include "tools/help.h"
+#include "tools/history_commands.h"
 #include "tools/json.h"
 #include "tools/line_commands.h"
 #include "tools/opened_block.h"
@@ -61,19 +62,10 @@ MarkedText Decoded(const Request& request, const OpenedBlock& file, int number) 
 }
 
 // The record of the ticket in a ticket file or a text.
-std::string RecordIn(const std::string& givenPath, int number) {
-    const std::string path = PathMeantBy(givenPath);
-    const std::string bytes = WholeText(path);
-    if (IsTicketText(bytes)) {
-        TicketRecord ticket = TicketInText(path, bytes);
-        ticket.number = number;
-        return RecordHex(ticket);
-    }
-    MarkedText ticket;
-    if (const Error error = LoadMarkedText(bytes, ticket)) {
-        throw Refusal(Ending::FaultFound, path + ": " + *error);
-    }
-    return EncodeTicket(ticket, number);
+std::string RecordIn(const std::string& path, int number) {
+    TicketRecord ticket = TicketIn(path);
+    ticket.number = number;
+    return RecordHex(ticket);
 }
 
 // A damaged block is read as far as it goes, and then the operator is told.
@@ -255,6 +247,12 @@ constexpr Subcommand AllCommands[] = {
     {"send", "BLOCK", "--backup --port --settings --wait", "send the block to the indicator", Send},
     {"verify", "BLOCK", "--catalogues --json --port --settings --wait",
      "tell what differs between the block and the indicator", Verify},
+    {"history list", "[TEXT]...", "--backup --json",
+     "list the dated copies, or those in whose rows TEXT stands", HistoryList},
+    {"history show", "COPY [FILE]", "--backup --catalogues --json",
+     "show what a copy holds, or what differs between it and a file", HistoryShow},
+    {"history restore", "COPY FILE", "--backup --force", "write a copy into a file",
+     HistoryRestore},
     {"completion", "", "", "write what bash needs to complete all this", Completion},
 };
 
@@ -264,14 +262,22 @@ std::span<const Subcommand> Commands() {
     return AllCommands;
 }
 
-const Subcommand& CommandNamed(const std::string& name) {
-    const auto* const found =
-        std::find_if(std::begin(AllCommands), std::end(AllCommands),
-                     [&](const Subcommand& command) { return command.name == name; });
-    if (found == std::end(AllCommands)) {
-        throw Refusal(Ending::WrongUsage, "there is no command \"" + name + "\"");
+const Subcommand& TakeCommand(std::vector<std::string>& operands) {
+    const std::string word = operands.front();
+    const bool isOneWord = operands.size() == 1;
+    const std::string words = word + " " + (isOneWord ? "list" : operands[1]);
+    for (const Subcommand& command : AllCommands) {
+        if (command.name == word || command.name == words) {
+            const bool takesBoth = command.name == words && !isOneWord;
+            operands.erase(operands.begin(), operands.begin() + (takesBoth ? 2 : 1));
+            return command;
+        }
     }
-    return *found;
+    const bool isFirstWord = std::any_of(
+        std::begin(AllCommands), std::end(AllCommands),
+        [&](const Subcommand& command) { return command.name.starts_with(word + " "); });
+    throw Refusal(Ending::WrongUsage,
+                  "there is no command \"" + (isFirstWord ? words : word) + "\"");
 }
 
 int TicketNumber(const std::string& text) {

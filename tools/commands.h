@@ -26,7 +26,7 @@ struct Request {
     std::string port;        // "COM3" or a device; empty, and `settings` too: as the window has it
     std::string settings;    // of the line
     std::string wait;        // seconds; empty: as long as it takes
-    std::string backupFolder;  // for copies; empty: the history
+    std::string backupFolder;  // of copies; empty: the history
     std::string link;          // a port to be linked
     std::string unlink;        // or no longer
     bool force = false;        // replace what is there, change a damaged block
@@ -42,7 +42,7 @@ struct Request {
 using BlockTask = std::function<std::string(const std::string& path)>;
 
 struct Subcommand {
-    std::string_view name;
+    std::string_view name;  // one word or two
     // Separated by blanks; in brackets, those that may be missing; with "...", one or more.
     std::string_view operands;
     std::string_view options;  // separated by blanks
@@ -54,8 +54,9 @@ struct Subcommand {
 
 std::span<const Subcommand> Commands();
 
-// The row of the command, or a refusal.
-const Subcommand& CommandNamed(const std::string& name);
+// The row of the command that the operands begin with, or a refusal; its name is taken off them. A
+// first word alone means its list.
+const Subcommand& TakeCommand(std::vector<std::string>& operands);
 
 // The number that an operand is, whether a ticket can have it or not.
 int TicketNumber(const std::string& text);

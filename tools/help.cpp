@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <map>
 
 #include "tools/options.h"
 
@@ -55,25 +56,39 @@ std::string HelpText(const Subcommand& command) {
 void Completion(const Request& /*request*/) {
     std::string names;
     std::string cases;
+    std::map<std::string, std::string> secondWords;  // of each first word
     for (const Subcommand& command : Commands()) {
-        names += (names.empty() ? "" : " ") + std::string(command.name);
-        cases += "        " + std::string(command.name) + ") options=\"" +
-                 std::string(command.options) + "\" ;;\n";
+        const std::string name(command.name);
+        const std::size_t end = name.find(' ');
+        std::string& seconds = secondWords[name.substr(0, end)];
+        names += seconds.empty() ? name.substr(0, end) + " " : "";
+        seconds += end == std::string::npos ? "" : name.substr(end + 1) + " ";
+        cases +=
+            "        \"" + name + " \"*) options=\"" + std::string(command.options) + "\" ;;\n";
+    }
+    for (const auto& [name, seconds] : secondWords) {
+        if (!seconds.empty()) {
+            cases.append("        \"").append(name).append(" \"*) words=\"");
+            cases.append(seconds).append("\" ;;\n");
+        }
     }
     std::cout << "# Completes varno-tickets in bash; made by \"varno-tickets completion\".\n"
                  "_varno_tickets() {\n"
-                 "    local word=\"${COMP_WORDS[COMP_CWORD]}\" options=\"\"\n"
-                 "    case \"${COMP_WORDS[1]}\" in\n"
+                 "    local word=\"${COMP_WORDS[COMP_CWORD]}\" options=\"\" words=\"\"\n"
+                 "    case \"${COMP_WORDS[*]:1:COMP_CWORD-1} \" in\n"
               << cases
               << "    esac\n"
                  "    if ((COMP_CWORD == 1)); then\n"
-                 "        mapfile -t COMPREPLY < <(compgen -W \""
+                 "        words=\""
               << names
-              << "\" -- \"$word\")\n"
-                 "    elif [[ $word == -* ]]; then\n"
+              << "\"\n"
+                 "    fi\n"
+                 "    if [[ $word == -* ]]; then\n"
                  "        mapfile -t COMPREPLY < <(compgen -W \"$options "
               << OptionsOfEveryCommand
               << "\" -- \"$word\")\n"
+                 "    elif [[ -n $words ]]; then\n"
+                 "        mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$word\")\n"
                  "    else\n"
                  "        mapfile -t COMPREPLY < <(compgen -f -- \"$word\")\n"
                  "    fi\n"

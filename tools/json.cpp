@@ -36,6 +36,10 @@ std::string Json(const std::vector<std::string>& texts) {
     return Array(texts, [](const std::string& text) { return Json(text); });
 }
 
+std::string Json(const std::vector<int>& numbers) {
+    return Array(numbers, [](int number) { return std::to_string(number); });
+}
+
 JsonObject& JsonObject::Add(std::string_view name, const std::vector<JsonObject>& objects) {
     return Put(name, Array(objects, [](const JsonObject& object) { return object.Text(); }));
 }

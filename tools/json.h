@@ -10,6 +10,7 @@ namespace varno {
 
 std::string Json(std::string_view text);
 std::string Json(const std::vector<std::string>& texts);
+std::string Json(const std::vector<int>& numbers);
 
 // The members in the order in which they are added.
 class JsonObject {
@@ -18,6 +19,9 @@ class JsonObject {
     JsonObject& Add(std::string_view name, const char* text) { return Put(name, Json(text)); }
     JsonObject& Add(std::string_view name, const std::vector<std::string>& texts) {
         return Put(name, Json(texts));
+    }
+    JsonObject& Add(std::string_view name, const std::vector<int>& numbers) {
+        return Put(name, Json(numbers));
     }
     JsonObject& Add(std::string_view name, std::integral auto number) {
         return Put(name, std::to_string(number));

@@ -4,16 +4,15 @@
 #include <chrono>
 #include <filesystem>
 #include <iostream>
-#include <limits>
 
 #include "block/block_file.h"
-#include "history/history.h"
 #include "link/block_transfer.h"
 #include "platform/files.h"
 #include "platform/serial/port_links.h"
 #include "platform/serial/serial_system.h"
 #include "platform/terminal.h"
 #include "platform/user_folder.h"
+#include "tools/history_commands.h"
 #include "tools/indicator_line.h"
 #include "tools/json.h"
 #include "tools/opened_block.h"
@@ -47,16 +46,11 @@ std::string Numbered(int number) {
     return number == 1 ? "" : "-" + std::to_string(number);
 }
 
-// Nothing that the operator chose to keep is thrown away.
-constexpr HistoryLimits NoLimits{.age = std::chrono::days(365'000),
-                                 .bytes = std::numeric_limits<std::uintmax_t>::max()};
-
 // Keeps a dated copy of the block, in the folder that is asked for or else in the history. That
 // the history cannot be written is only said.
 Error KeepCopy(const Request& request, Cause cause, const std::string& image) {
     const bool asked = !request.backupFolder.empty();
-    History history =
-        asked ? History(request.backupFolder, NoLimits) : History(HistoryFolder());
+    History history = HistoryFor(request);
     const std::string& path = request.operands[0];
     const Copy copy = {
         .time = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now()),

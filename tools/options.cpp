@@ -9,8 +9,7 @@ namespace varno {
 namespace {
 
 constexpr Option AllOptions[] = {
-    {"--backup", "FOLDER", "keep the dated copy of the block there (in the history)",
-     &Request::backupFolder},
+    {"--backup", "FOLDER", "of dated copies (the history)", &Request::backupFolder},
     {"--catalogues", "FOLDER", "where the code catalogues are (beside the program)",
      &Request::catalogueFolder},
     {"--comments", "", "write the comments of codes", &Request::comments},
@@ -116,9 +115,8 @@ void RequireOperands(const Request& request, std::string_view wanted) {
 // The operands of the request as its command wants them, without its name.
 void TakeOperands(Request& request) {
     auto& operands = request.operands;
-    const Subcommand& command = CommandNamed(operands.front());
+    const Subcommand& command = TakeCommand(operands);
     request.command = &command;
-    operands.erase(operands.begin());
     for (const std::string& option : request.options) {
         if (!Takes(command, option)) {
             throw Refusal(Ending::WrongUsage, std::string(command.name) + " takes no " + option);

@@ -8,7 +8,9 @@
 #include "block/block_text.h"
 #include "block/image.h"
 #include "codec/catalogue.h"
+#include "codec/encoder.h"
 #include "platform/files.h"
+#include "platform/rtf/rtf_reader.h"
 #include "tools/json.h"
 #include "tools/line_commands.h"
 #include "tools/opened_block.h"
@@ -58,7 +60,7 @@ ReadBlock BlockOf(const std::string& path, const std::string& bytes) {
     return {ContentOf(image), false};
 }
 
-ReadBlock BlockIn(const std::string& givenPath) {
+ReadBlock ReadBlockIn(const std::string& givenPath) {
     const std::string path = PathMeantBy(givenPath);
     return BlockOf(path, WholeText(path));
 }
@@ -73,17 +75,45 @@ BlockContent BaseIn(const std::string& givenPath) {
 // The same, or the one of the indicator at a port.
 ReadBlock BlockAt(const Request& request, const std::string& operand) {
     if (!IsPort(operand)) {
-        return BlockIn(operand);
+        return ReadBlockIn(operand);
     }
     Request toPort = request;
     toPort.port = operand;
     return {ContentOf(ReceivedImage(toPort)), false};
 }
 
+void Tell(const Request& request, const std::vector<std::string>& differences,
+          const BlockNames& names) {
+    if (request.json) {
+        std::cout << JsonObject()
+                         .Add("first", names.first)
+                         .Add("second", names.second)
+                         .Add("equal", differences.empty())
+                         .Add("differences", differences)
+                         .Text()
+                  << '\n';
+    } else {
+        for (const std::string& line : differences) {
+            std::cout << line << '\n';
+        }
+    }
+    if (!differences.empty()) {
+        throw Refusal(Ending::FaultFound, "");
+    }
+}
+
+bool IsTicketText(std::string_view bytes) {
+    constexpr std::string_view blanks = " \t\r\n\xEF\xBB\xBF";  // a byte-order mark among them
+    const std::size_t begin = std::min(bytes.find_first_not_of(blanks), bytes.size());
+    const std::string_view text = bytes.substr(begin);
+    return text.starts_with("ticket ") ||
+           (!text.starts_with('{') && text.find("\nticket ") != std::string_view::npos);
+}
+
 }  // namespace
 
 void Text(const Request& request) {
-    const BlockContent content = BlockIn(request.operands[0]).content;
+    const BlockContent content = BlockIn(request.operands[0]);
     if (request.operands.size() == 1) {
         std::cout << BlockText(content, CommentsIfAskedFor(request));
         return;
@@ -98,7 +128,7 @@ void Text(const Request& request) {
 }
 
 void Build(const Request& request) {
-    const BlockContent content = BlockIn(request.operands[0]).content;
+    const BlockContent content = BlockIn(request.operands[0]);
     DeliverNew(request, FileMeantBy(request.operands[1]), BlockFileBytes(ImageOf(content)));
 }
 
@@ -126,32 +156,21 @@ void Diff(const Request& request) {
 
 void TellDifferences(const Request& request, const BlockContent& first, const BlockContent& second,
                      const BlockNames& names) {
-    const auto differences = Differences(first, second, names, Comments(request));
-    if (request.json) {
-        std::cout << JsonObject()
-                         .Add("first", names.first)
-                         .Add("second", names.second)
-                         .Add("equal", differences.empty())
-                         .Add("differences", differences)
-                         .Text()
-                  << '\n';
-    } else {
-        for (const std::string& line : differences) {
-            std::cout << line << '\n';
-        }
-    }
-    if (!differences.empty()) {
-        throw Refusal(Ending::FaultFound, "");
-    }
+    Tell(request, Differences(first, second, names, Comments(request)), names);
+}
+
+void TellDifferences(const Request& request, const TicketRecord& first, const TicketRecord& second,
+                     const BlockNames& names) {
+    Tell(request, LineDifferences(first, second, Comments(request)), names);
 }
 
 void MergeBlocks(const Request& request) {
     const std::string path = PathMeantBy(request.operands[1]);
     FileLock lock;
     TakeToChange(lock, path);
-    const ReadBlock ours = BlockIn(path);
+    const ReadBlock ours = ReadBlockIn(path);
     const MergedBlock merged =
-        Merge(BaseIn(request.operands[0]), ours.content, BlockIn(request.operands[2]).content);
+        Merge(BaseIn(request.operands[0]), ours.content, BlockIn(request.operands[2]));
     for (const std::string& conflict : merged.conflicts) {
         std::cerr << path << ": " << conflict << '\n';
     }
@@ -166,16 +185,28 @@ void New(const Request& request) {
     DeliverNew(request, FileMeantBy(request.operands[0]), BlockFileBytes(NewTicketBuffer()));
 }
 
-bool IsTicketText(std::string_view bytes) {
-    constexpr std::string_view blanks = " \t\r\n\xEF\xBB\xBF";  // a byte-order mark among them
-    const std::size_t begin = std::min(bytes.find_first_not_of(blanks), bytes.size());
-    const std::string_view text = bytes.substr(begin);
-    return text.starts_with("ticket ") ||
-           (!text.starts_with('{') && text.find("\nticket ") != std::string_view::npos);
+BlockContent BlockIn(const std::string& path) {
+    return ReadBlockIn(path).content;
 }
 
-TicketRecord TicketInText(const std::string& path, std::string_view bytes) {
-    return Required(path, ReadTicketText(bytes));
+TicketRecord TicketIn(const std::string& path, const std::string& bytes) {
+    if (IsTicketText(bytes)) {
+        return Required(path, ReadTicketText(bytes));
+    }
+    MarkedText text;
+    if (const Error error = LoadMarkedText(bytes, text)) {
+        throw Refusal(Ending::FaultFound, path + ": " + *error);
+    }
+    TicketRecord ticket;
+    for (const PlacedWord& placed : EncodeBody(text)) {
+        ticket.body.push_back(placed.word);
+    }
+    return ticket;
+}
+
+TicketRecord TicketIn(const std::string& givenPath) {
+    const std::string path = PathMeantBy(givenPath);
+    return TicketIn(path, WholeText(path));
 }
 
 }  // namespace varno

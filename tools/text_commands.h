@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "block/block_compare.h"
 #include "block/block_content.h"
@@ -21,9 +20,16 @@ void New(const Request& request);
 void TellDifferences(const Request& request, const BlockContent& first, const BlockContent& second,
                      const BlockNames& names);
 
-// Whether a file of these bytes is a text of a ticket.
-bool IsTicketText(std::string_view bytes);
-// Its ticket, or a refusal that says where the text is wrong.
-TicketRecord TicketInText(const std::string& path, std::string_view bytes);
+// The same of two tickets.
+void TellDifferences(const Request& request, const TicketRecord& first, const TicketRecord& second,
+                     const BlockNames& names);
+
+// The sound block that a block file or a text holds, or a refusal that says what is wrong with it.
+BlockContent BlockIn(const std::string& path);
+
+// The ticket that a ticket file or a text holds, or such a refusal; of a ticket file without
+// number.
+TicketRecord TicketIn(const std::string& path);
+TicketRecord TicketIn(const std::string& path, const std::string& bytes);
 
 }  // namespace varno

@@ -233,6 +233,52 @@ expect 2 "varno-tickets: --width takes COLUMNS$usage" print block.VRB 212 --widt
 expect 2 "varno-tickets: --force takes nothing$usage" --force=x list block.VRB
 expect 2 "varno-tickets: there is no option \"-v\"$usage" -v
 
+# The history: what is there, what a copy holds, and back into a file, whose content is kept too.
+export TZ=XYZ-2 XDG_STATE_HOME="$PWD/state"
+history="$PWD/state/VarnoTicketFormatter/history"
+expect 0 "" history list
+env -u XDG_STATE_HOME -u HOME "$tool" history 2>said || [[ $? == 3 ]] || failed=1
+wrote said "varno-tickets: there is no home folder with copies in it"
+mkdir -p "$history/20211130T000000000Z_open_folder.VRB"
+uploaded=20211123T073849123Z_uploaded-COM3_Shop.VRB
+cp clean.VRB "$history/$uploaded"
+head -c 4000 clean.VRB >"$history/20211123T220000000Z_upload-COM3_Größe.VRB"
+cp AB.VRT "$history/20211122T100000000Z_close_.VRT"
+cp AB.VRT "$history/20211122T100000000Z_close_AB.VRT"
+cp AB.VRT "$history/notes.VRT"
+ln -s "$uploaded" "$history/20211201T000000000Z_open_link.VRB"
+expect 0 "20211123T220000000Z               2021-11-24 00:00:00  block Größe  Before an upload from COM3  damaged  It has 4000 characters; a block has 8007.
+20211123T073849123Z               2021-11-23 09:38:49  block Shop   After an upload from COM3   sound    tickets: 212
+20211122T100000000Z_close_AB.VRT  2021-11-22 12:00:00  ticket AB    Closed without saving       sound
+20211122T100000000Z_close_.VRT    2021-11-22 12:00:00  ticket       Closed without saving       sound" history
+expect 0 "20211123T073849123Z  2021-11-23 09:38:49  block Shop  After an upload from COM3  sound    tickets: 212" \
+    history list com3 "SHOP after"
+expect 0 '{"copies":[{"copy":"'"$uploaded"'","when":"2021-11-23 09:38:49","what":"After an upload from COM3","kind":"block","name":"Shop","sound":true,"faults":[],"tickets":[212]}]}' \
+    history list Shop --json
+expect 0 $'block Shop\n2021-11-23 09:38:49\nAfter an upload from COM3\ntickets: 212\nsound' history show 20211123T07
+expect 1 $'block Größe\n2021-11-24 00:00:00\nBefore an upload from COM3\ntickets: 212\nIt has 4000 characters; a block has 8007.\nvarno-tickets: latest: the copy is damaged' \
+    history show latest clean.VRB
+expect 1 "key Print prints 212 in 20211123T07, none in empty.VRB" history show 20211123T07 empty.VRB
+expect 0 $'ticket\n2021-11-22 12:00:00\nClosed without saving\nsound\n\nAB' history show 20211122T100000000Z_close_.VRT
+expect 1 $'  - AB\n  + C{C017}¬' history show 20211122T100000000Z_close_A <(printf 'ticket 212\n|C{C017}¬') \
+    --catalogues=none
+expect 3 'varno-tickets: "20211122" means 2 copies, such as 20211122T100000000Z_close_AB.VRT and 20211122T100000000Z_close_.VRT' \
+    history restore 20211122 new.VRT
+expect 3 'varno-tickets: there is no copy "2025"; varno-tickets history list tells which there are' history show 2025
+expect 2 "varno-tickets: there is no command \"history sohw\"$usage" history sohw 2025
+expect 0 "" history restore 20211123T07 restored.VRB
+cmp restored.VRB clean.VRB || failed=1
+expect 3 "varno-tickets: empty.VRB exists already; --force replaces it" history restore 20211123T07 empty.VRB
+cp empty.VRB before.VRB
+(ulimit -f 4; ! "$tool" history restore -f 20211122T100000000Z_close_A empty.VRB) 2>said || failed=1
+grep --quiet 'empty.VRB is not replaced: what it holds cannot be kept. .*: File too large' said || failed=1
+cmp empty.VRB before.VRB || failed=1
+expect 0 "" history restore --force 20211123T07 empty.VRB
+cmp empty.VRB clean.VRB || failed=1
+expect 0 "" history show latest before.VRB
+expect 1 "$(head -c 4000 clean.VRB)varno-tickets: -: written, but the copy is damaged" history restore 20211123T22 -
+expect 3 "varno-tickets: AB.VRT: Not a directory" history list --backup=AB.VRT
+
 # The sample block is what its source gives, and gives its source again.
 plant="$(dirname "$tool")/Plant.VRB"
 expect 0 "$(grep --invert-match '^#\|^$' "$samples/Plant.txt")" text "$plant"

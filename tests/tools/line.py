@@ -279,7 +279,9 @@ def completes_in_bash():
     script = """source completion; COMP_WORDS=(varno-tickets {}); COMP_CWORD=$((${{#COMP_WORDS[@]}} - 1))
         _varno_tickets; echo "${{COMPREPLY[*]}}" """
     for words, completed in (("rec", "receive"), ("print --", "--catalogues --force --svg --values --width "
-                                                  "--help --version"), ("check Pla", "Plant.VRB Plant.txt")):
+                                                  "--help --version"), ("check Pla", "Plant.VRB Plant.txt"),
+                             ("history re", "restore"),
+                             ("history show --", "--backup --catalogues --json --help --version")):
         got = subprocess.check_output(["bash", "-c", script.format(words)], text=True)
         same(sorted(got.split()), sorted(completed.split()), words)
 
