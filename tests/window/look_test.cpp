@@ -110,9 +110,16 @@ TEST_P(EveryWindow, ShowsTheBordersOfItsControls) {
     QApplication::setPalette(light);
 }
 
+// Only what can be of another size can be maximised, and only the main window goes to the task bar.
+TEST_P(EveryWindow, OffersTheButtonsThatItCanFollow) {
+    const auto offers = [this](Qt::WindowType hint) {
+        return shell_->windowFlags().testFlag(hint);
+    };
+    EXPECT_EQ(offers(Qt::WindowMaximizeButtonHint), shell_->minimumSize() != shell_->maximumSize());
+    EXPECT_EQ(offers(Qt::WindowMinimizeButtonHint), GetParam() == &MainWindowDesign());
+}
+
 TEST_P(EveryWindow, LetsTheKeyboardReachEveryControl) {
-    const bool isMain = GetParam() == &MainWindowDesign();
-    EXPECT_EQ(shell_->windowFlags().testFlag(Qt::WindowMinimizeButtonHint), isMain);
     for (QWidget* widget : shell_->findChildren<QWidget*>()) {
         widget->setEnabled(true);
     }
