@@ -38,6 +38,7 @@ TEST(Printable, DoesWhatThePicturesShow) {
         {"ﬁć⅓Ａ🅐㎏ł−′″‐μẞ≤",
          "fic1/3AN"
          "kgl-'\"-µSS<="},
+        {"ĐđĦħıŁŦŧʹʻʼ‑‒―‛‟⁃⁄∕∗∙∶∼≥⋅●", "DdHhiLTt'‘’-–—‘“-//*·:~>=·•"},
         {"日😀≠℅\uFFFD", "?????"},
         {"a\u200B\u00AD\uFE0F\u0301\x01\x7F\uFFFCb", "ab"},
     };
