@@ -39,9 +39,12 @@ TEST(MemoryEditor, KeepsTheCaretInsideTheTextAndTakesItsFormat) {
     EXPECT_EQ(editor.SelLength(), 0);
     editor.SetSelStart(-1);
     EXPECT_EQ(editor.SelStart(), 0);
-    EXPECT_EQ(editor.CharAt(0), 0);
-    EXPECT_EQ(editor.CharAt(2), u'C');
-    EXPECT_EQ(editor.CharAt(7), 0);
+    editor.SetContent(FromPicture("{r}C005{g} NET W"));
+    for (const int outside : {-3, -1, 0, 11, 99}) {
+        EXPECT_EQ(editor.CharAt(outside), 0) << outside;
+    }
+    EXPECT_EQ(editor.CharAt(1), u'C');
+    EXPECT_EQ(editor.CharAt(10), u'W');
 }
 
 TEST(Insert, WritesAtTheCaretAndReplacesASelection) {

@@ -34,6 +34,7 @@ TEST(TextSteps, StopWhereThePicturesShow) {
         {"", "", ""},
         {"Net÷÷5 kg", "Net÷÷|5 |kg|", "|Net÷÷|5 |kg"},
         {"0:A@Z[a`z", "0|:|A|@|Z|[|a|`|z|", "|0|:|A|@|Z|[|a|`|z"},
+        {"a‐é⁰…×¿À", "a|‐|é⁰|…×¿|À|", "|a|‐|é⁰|…×¿|À"},
         {"a÷¬\n÷b", "a÷|¬\n|÷|b|", "|a÷|¬\n|÷|b"},
         {"ab¬\n¬\n\ncd", "ab|¬\n|¬\n|\n|cd|", "|ab|¬\n|¬\n|\n|cd"},
         {"x{r}C005{g} NET W{k}\ny", "x|{r}C005|{g} |NET |W|{k}\n|y|",
