@@ -83,6 +83,7 @@ Form1::Form1(Platform& platform)
            .RichText = controls_.RichText,
            .block = state_.block,
            .comment = CommentsOf(catalogues_),
+           .isKeeping = [this] { return safekeeping_.IsBusy(); },
            .trouble = [this] { return safekeeping_.Trouble(); },
            .open = [this](const Copy& copy, const std::string& bytes) { OpenCopy(copy, bytes); },
            .saveAs = [this](const Copy& copy,

@@ -32,6 +32,9 @@ class Safekeeping {
     // The copy of unsaved work is in the window again.
     void Resume(const Copy& copy) { keeper_.Resume(copy); }
 
+    // Whether copies are still being made.
+    bool IsBusy() { return keeper_.IsBusy(); }
+
     // Why the last copy could not be made; nothing if it could.
     Error Trouble() { return keeper_.Trouble(); }
 

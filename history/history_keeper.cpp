@@ -34,6 +34,11 @@ void HistoryKeeper::Resume(const Copy& copy) {
     Add([this, copy] { unsaved_.insert_or_assign(copy.kind, copy); });
 }
 
+bool HistoryKeeper::IsBusy() {
+    const std::lock_guard lock(mutex_);
+    return !waiting_.empty();
+}
+
 Error HistoryKeeper::Trouble() {
     const std::lock_guard lock(mutex_);
     return trouble_;

@@ -31,6 +31,9 @@ class HistoryKeeper {
     // An unsaved copy is worked on again: it is this program's now.
     void Resume(const Copy& copy);
 
+    // Whether something given so far is not kept yet.
+    bool IsBusy();
+
     // What was wrong with the last one that could not be kept; nothing after one that could.
     Error Trouble();
 

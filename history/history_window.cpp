@@ -74,6 +74,9 @@ void HistoryWindow::Form_Load() {
     copyTicket_ = &window_->Get<DropDownList>("CopyTicket");
     paper_ = &window_->Get<PaperView>("Paper");
     window_->SetMinimumSize(HistoryMinimumWidth, HistoryMinimumHeight);
+    const Place main = work_.window.CurrentOuterPlace();
+    const Place own = window_->OuterPlace();
+    window_->SetOuterPlace({main.left + main.width, main.top, own.width, own.height});
     ConnectEvents();
 }
 
@@ -109,12 +112,15 @@ void HistoryWindow::Leave() {
     work_.window.Activate();
 }
 
-// A copy is on the disk a moment after what it is made for.
 void HistoryWindow::On(CommandEvent event) {
     if (!IsShown() || ChangesNothing(event)) {
         return;
     }
     areCopiesStale_ |= event != CommandEvent::EditorChanged;
+    UpdateSoon();
+}
+
+void HistoryWindow::UpdateSoon() {
     auto& pause = window_->Get<Timer>("PauseTimer");
     pause.SetEnabled(false);
     pause.SetEnabled(true);
@@ -127,8 +133,12 @@ void HistoryWindow::PauseTimer_Timer() {
     }
 }
 
+// A copy is on the disk a moment after what it is made for.
 void HistoryWindow::ReadCopies() {
-    areCopiesStale_ = false;
+    areCopiesStale_ = work_.isKeeping();
+    if (areCopiesStale_) {
+        UpdateSoon();
+    }
     rows_.SetCopies(history_.Copies(), started_);
     rows_.Filter(window_->Get<TextBox>("Find").Text());
     ShowRows();

@@ -24,7 +24,8 @@ struct OpenWork {
     RichTextBox& RichText;
     const TicketBlock& block;
     CodeComment comment;
-    std::function<Error()> trouble;  // why the last copy could not be kept
+    std::function<bool()> isKeeping;  // copies are still being made
+    std::function<Error()> trouble;   // why the last copy could not be kept
     // Puts the copy of these bytes in the place of what is open.
     std::function<void(const Copy&, const std::string& bytes)> open;
     // Asks where to save the copy of these bytes and saves it.
@@ -53,6 +54,7 @@ class HistoryWindow {
 
     bool IsShown() const { return window_ && window_->IsShown(); }
     void ReadCopies();
+    void UpdateSoon();
     void ShowRows();
     void ShowSummary();
     void ReadChosen();

@@ -33,7 +33,7 @@ class Window {
     virtual void SetCaption(const std::string& caption) = 0;
 
     // Outer measures in twips (see design.h), of the normal state. A place on no screen is moved
-    // onto one.
+    // onto one, and any window but the main one is moved until it is seen whole.
     virtual Place OuterPlace() const = 0;
     virtual void SetOuterPlace(const Place& place) = 0;
     virtual void SetMinimumSize(int outerWidth, int outerHeight) = 0;

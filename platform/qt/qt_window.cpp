@@ -36,8 +36,8 @@ bool IsWithinReach(const QRect& place, const QRect& screen) {
 }
 
 // `place`, whose top left corner is that of the window manager's frame, made no larger than its
-// screen, and moved onto that where it was on none or too large.
-QRect OntoScreen(QRect place) {
+// screen, and moved onto that where it was on none or too large, or is to be seen whole.
+QRect OntoScreen(QRect place, bool whole) {
     const QScreen* screen = QGuiApplication::primaryScreen();
     bool isReached = false;
     for (const QScreen* other : QGuiApplication::screens()) {
@@ -53,7 +53,7 @@ QRect OntoScreen(QRect place) {
     const int title = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const QRect room = screen->availableGeometry().adjusted(0, 0, -2 * border, -title - border);
     const QSize fitting = place.size().boundedTo(room.size());
-    if (isReached && fitting == place.size()) {
+    if ((whole ? room.contains(place) : isReached) && fitting == place.size()) {
         return place;
     }
     place.setSize(fitting);
@@ -239,7 +239,8 @@ void QtWindow::SetOuterPlace(const Place& place) {
                        ToPixels(std::max(0, place.height - frameHeight_)) + MenuBarHeight());
     const QSize size = client.expandedTo(widget_->minimumSize());
     const QRect reachable =
-        OntoScreen(QRect(QPoint(ToPixels(place.left), ToPixels(place.top)), size));
+        OntoScreen(QRect(QPoint(ToPixels(place.left), ToPixels(place.top)), size),
+                   widget_->parentWidget() != nullptr);
     widget_->resize(reachable.size());
     widget_->move(reachable.topLeft());
 }

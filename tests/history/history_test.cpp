@@ -290,7 +290,7 @@ TEST_F(HistoryTest, LostWorkIsWhatNoProgramEnded) {
         std::string shown;
         for (const Copy& copy : Open().Copies()) {
             const std::string name = FileNameOf(copy);
-            shown = name.substr(name.find('_') + 1) + " " + shown;
+            shown.insert(0, name.substr(name.find('_') + 1) + " ");
         }
         return shown;
     };

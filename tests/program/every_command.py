@@ -151,6 +151,7 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         os.environ["XDG_CONFIG_HOME"] = folder
         os.environ["XDG_DATA_HOME"] = folder
+        os.environ["XDG_STATE_HOME"] = folder
         with Indicator(FOLDER) as indicator:
             program = Assistant(folder)
             try:

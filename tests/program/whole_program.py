@@ -284,6 +284,7 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         os.environ["XDG_CONFIG_HOME"] = folder
         os.environ["XDG_DATA_HOME"] = folder
+        os.environ["XDG_STATE_HOME"] = folder
         path = write_first_ticket(folder)
         find_it_again(path)
         open_everything(path)
