@@ -5,7 +5,6 @@
 #include "app/path_rules.h"
 #include "block/block_file.h"
 #include "platform/files.h"
-#include "platform/rtf/rtf_writer.h"
 
 namespace varno {
 namespace {
@@ -80,15 +79,20 @@ void Safekeeping::On(CommandEvent event) {
     for (const End& end : Ends) {
         if (end.event == event) {
             keeper_.EndWork(end.work, end.cause);
+            ticketIsKept_ = false;
         }
     }
+    ticketIsKept_ = ticketIsKept_ && event != EditorChanged;
 }
 
 void Safekeeping::KeepTicket(Cause cause) {
-    if (sources_.state.TicketChanged && sources_.RichText.HasText()) {
+    const bool isUnsaved = sources_.state.TicketChanged && sources_.RichText.HasText();
+    const bool isKept = cause == Cause::Unsaved && ticketIsKept_ && !keeper_.Trouble();
+    if (isUnsaved && !isKept) {
         keeper_.Keep(
             {.cause = cause, .name = sources_.TicketName.Caption(), .kind = CopyKind::Ticket},
-            WriteRtf(sources_.RichText.Content()));
+            sources_.RichText.Content());
+        ticketIsKept_ = cause == Cause::Unsaved;
     }
 }
 

@@ -44,6 +44,7 @@ class Safekeeping {
 
     Sources sources_;
     HistoryKeeper keeper_;
+    bool ticketIsKept_ = false;  // as it stands, unless there was trouble
 };
 
 }  // namespace varno

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/rtf/rtf_writer.h"
+
 namespace varno {
 
 HistoryKeeper::HistoryKeeper(const std::string& folder)
@@ -17,13 +19,24 @@ HistoryKeeper::~HistoryKeeper() {
 }
 
 void HistoryKeeper::Keep(Copy copy, std::string content) {
+    copy.time = NextTime();
+    Add([this, copy = std::move(copy), content = std::move(content)] { KeepNow(copy, content); });
+}
+
+void HistoryKeeper::Keep(Copy copy, MarkedText ticket) {
+    copy.time = NextTime();
+    Add([this, copy = std::move(copy), ticket = std::move(ticket)] {
+        KeepNow(copy, WriteRtf(ticket));
+    });
+}
+
+CopyTime HistoryKeeper::NextTime() {
     using std::chrono::milliseconds;
     const auto now = std::chrono::floor<milliseconds>(std::chrono::system_clock::now());
     // Many at once keep their order; a clock that was put back is believed.
     const bool isAtOnce = now <= last_ && last_ - now < std::chrono::seconds(1);
-    copy.time = isAtOnce ? last_ + milliseconds(1) : now;
-    last_ = copy.time;
-    Add([this, copy = std::move(copy), content = std::move(content)] { KeepNow(copy, content); });
+    last_ = isAtOnce ? last_ + milliseconds(1) : now;
+    return last_;
 }
 
 void HistoryKeeper::EndWork(CopyKind kind, Cause cause) {

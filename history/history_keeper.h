@@ -9,6 +9,7 @@
 #include <string>
 #include <thread>
 
+#include "codec/marked_text.h"
 #include "history/history.h"
 
 namespace varno {
@@ -24,6 +25,7 @@ class HistoryKeeper {
     // Gives the copy the present time, or a later one than the copy before it. Of unsaved work the
     // copy before it is work in progress from then on.
     void Keep(Copy copy, std::string content);
+    void Keep(Copy copy, MarkedText ticket);
 
     // The unsaved work of this kind is saved or let go: no copy of it counts as lost work.
     void EndWork(CopyKind kind, Cause cause);
@@ -39,6 +41,7 @@ class HistoryKeeper {
 
   private:
     using Job = std::function<void()>;
+    CopyTime NextTime();
     void Add(Job job);
     void Work();
     // The worker's alone:

@@ -297,6 +297,18 @@ TEST_F(WindowOfTheHistory, SaysThatNothingCanBeKept) {
         return history->findChild<QLabel*>("Summary")->text().startsWith(
             "The last copy could not be kept. ");
     }));
+
+    // The text is the same as before, and is kept now, also as what it is again when nothing
+    // opened.
+    ASSERT_EQ(RemoveFile(folder.Path("VarnoTicketFormatter")), std::nullopt);
+    window.Get<Timer>("SafekeepingTimer").OnTimer();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Kept() == "unsaved_.VRT: x\n"; })) << Kept();
+    script.Expect(SaveTicketQuestion, Answer::No);
+    script.ExpectOpen(ChosenFile{folder.Path("none.VRT"), "none.VRT"});
+    window.Choose("LoadTicket");
+    window.Get<Timer>("SafekeepingTimer").OnTimer();
+    const std::string kept = "open_.VRT: x\nunsaved_.VRT: x\n";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Kept() == kept; })) << Kept();
 }
 
 }  // namespace
