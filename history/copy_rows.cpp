@@ -17,7 +17,7 @@ void CopyRows::SetCopies(std::vector<Copy> copies, CopyTime started) {
     for (Copy& copy : copies) {
         CopyHeading heading = HeadingOf(copy);
         if (rows_.size() < lostCount) {
-            heading.what = "Lost work: the program was not closed";
+            heading.what = "Lost work: never saved";
         }
         auto learned = known.extract(FileNameOf(copy));
         const CopyFindings* findings =

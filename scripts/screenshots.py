@@ -136,6 +136,18 @@ class Photographer:
         self.shoot("terminal", tutorial=True)
 
 
+    def picture_the_history(self):
+        """After a deletion, which it takes back."""
+        self.click("212 P")
+        self.program.keys("Delete")
+        self.show("History", "F6")
+        wait_for(lambda: self.program.find("Before a ticket was deleted"), "the last copy")
+        self.shoot("history", tutorial=True)
+        self.program.keys("alt+o")
+        self.program.await_message("Save the current ticket block?")
+        self.show(MAIN_WINDOW, "alt+n")
+
+
 def move_in(home, theme):
     """A user's home, with the settings of the desktop."""
     os.makedirs(os.path.join(home, ".config"))
@@ -162,13 +174,14 @@ def picture_all(home, theme, scale):
             photographer.picture_block_and_codes()
             photographer.picture_boxes_and_tutorial()
             photographer.picture_the_paper()
+            photographer.picture_the_history()
             photographer.picture_the_line()
         finally:
             program.kill()
 
 
 def main():
-    for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME"):
+    for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"):
         os.environ.pop(name, None)
     with tempfile.TemporaryDirectory() as scratch:
         for scale in (1, 2):

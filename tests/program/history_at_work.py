@@ -125,7 +125,7 @@ def get_it_back(folder, block):
     try:
         find_copy(program, "lost ticket")
         # What assistive technology reads of its row.
-        program.find("Lost work: the program was not closed")
+        program.find("Lost work: never saved")
         tab_to(program, "Copies")
         program.keys("Return")  # opens nothing by mistake
         expect(program.text("Ticket editor") == "", "Enter opened a copy")
