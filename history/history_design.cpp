@@ -26,7 +26,7 @@ constexpr std::array Controls{
     ControlDesign{.name = "Find",
                   .kind = Kind::TextBox,
                   .place = {600, 510, 8760, 330},
-                  .accessibleName = "Find",
+                  .accessibleName = "Words to find",
                   .accessibleDescription = "Shows the copies that hold these words"},
     ControlDesign{.name = "Copies",
                   .kind = Kind::Table,
