@@ -14,8 +14,10 @@ using std::chrono::floor;
 using std::chrono::milliseconds;
 
 constexpr std::size_t LongestName = 120;  // bytes; most disks take 255 for the whole file name
-constexpr std::string_view NotInFileNames = "/\\:*?\"<>|%";
-constexpr std::size_t TimeLength = 19;  // 20261123T073849123Z
+constexpr std::size_t LongestPort = 60;
+constexpr std::string_view NotInNames = "/\\:*?\"<>|%";
+constexpr std::string_view NotInPorts = "/\\:*?\"<>|%_";  // behind a port stands "_"
+constexpr std::size_t TimeLength = 19;                    // 20261123T073849123Z
 
 struct CauseWords {
     Cause cause;
@@ -43,11 +45,11 @@ const CauseWords& WordsOfCause(Cause cause) {
                          [cause](const CauseWords& words) { return words.cause == cause; });
 }
 
-std::string Escaped(std::string_view name) {
+std::string Escaped(std::string_view name, std::string_view forbidden) {
     std::string escaped;
     for (const char c : name) {
         const auto byte = static_cast<unsigned char>(c);
-        if (byte >= ' ' && byte != 127 && NotInFileNames.find(c) == std::string_view::npos) {
+        if (byte >= ' ' && byte != 127 && forbidden.find(c) == std::string_view::npos) {
             escaped += c;
         } else {
             escaped += "%" + WordHex(byte).substr(2);
@@ -57,17 +59,18 @@ std::string Escaped(std::string_view name) {
 }
 
 // Cut to what a file name has room for, but no character cut in two.
-std::string InFileName(std::string_view name) {
+std::string InFileName(std::string_view name, std::size_t longest, std::string_view forbidden) {
     const auto isCharacterStart = [](char c) {
         return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
     };
     const std::string_view whole = name;
-    name = name.substr(0, LongestName);
-    while (Escaped(name).size() > LongestName ||
-           (name.size() < whole.size() && !isCharacterStart(whole[name.size()]))) {
+    name = name.substr(0, longest);
+    while (!name.empty() &&
+           (Escaped(name, forbidden).size() > longest ||
+            (name.size() < whole.size() && !isCharacterStart(whole[name.size()])))) {
         name.remove_suffix(1);
     }
-    return Escaped(name);
+    return Escaped(name, forbidden);
 }
 
 std::string Unescaped(std::string_view escaped) {
@@ -127,9 +130,10 @@ std::string_view Extension(CopyKind kind) {
 }  // namespace
 
 std::string FileNameOf(const Copy& copy) {
-    const std::string port = copy.port.empty() ? "" : "-" + InFileName(copy.port);
+    const std::string port =
+        copy.port.empty() ? "" : "-" + InFileName(copy.port, LongestPort, NotInPorts);
     return FileTime(copy.time) + "_" + std::string(WordsOfCause(copy.cause).word) + port + "_" +
-           InFileName(copy.name) + std::string(Extension(copy.kind));
+           InFileName(copy.name, LongestName, NotInNames) + std::string(Extension(copy.kind));
 }
 
 std::optional<Copy> CopyOfName(std::string_view fileName) {

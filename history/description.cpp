@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <cstdio>
 #include <ctime>
 #include <sstream>
 
@@ -16,10 +16,12 @@ namespace {
 
 std::string LocalTime(CopyTime time) {
     const std::time_t seconds =
-        std::chrono::system_clock::to_time_t(std::chrono::floor<std::chrono::seconds>(time));
-    std::array<char, 32> text{};
+        std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count();
+    std::array<char, 80> text{};
     if (const std::tm* const local = std::localtime(&seconds)) {
-        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", local);
+        std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d",
+                      local->tm_year + 1900, local->tm_mon + 1, local->tm_mday, local->tm_hour,
+                      local->tm_min, local->tm_sec);
     }
     return text.data();
 }

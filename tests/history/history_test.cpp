@@ -67,7 +67,9 @@ TEST_F(HistoryTest, FileNamesTellAll) {
         {{Noon, Cause::Close, "", "", CopyKind::Ticket}, "close_.VRT"},
         {{Noon, Cause::Put, "", "../a_b%2F\n.VRT"}, "put_..%2Fa_b%252F%0A.VRT.VRB"},
         {{Noon, Cause::Save, "", longName + "ä"}, "save_" + longName + ".VRB"},
-        {{Noon, Cause::Save, "", longName + "/"}, "save_" + longName + ".VRB"}};
+        {{Noon, Cause::Save, "", longName + "/"}, "save_" + longName + ".VRB"},
+        {{Noon, Cause::Upload, "/dev/a_b-c", "d_e-f"}, "upload-%2Fdev%2Fa%5Fb-c_d_e-f.VRB"},
+        {{Noon, Cause::Save, "", std::string(200, '\x80')}, "save_.VRB"}};  // no character begins
     for (const auto& [copy, end] : names) {
         EXPECT_EQ(FileNameOf(copy), "20261123T120000000Z_" + end);
         const std::optional<Copy> read = CopyOfName(FileNameOf(copy));
