@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "block/image.h"
+#include "codec/encoder.h"
 
 namespace varno {
 namespace {
@@ -74,6 +75,14 @@ BlockContent ContentOf(std::string_view image) {
     }
     content.fill.assign(word, words.end());
     return content;
+}
+
+TicketRecord RecordOf(const MarkedText& ticket) {
+    TicketRecord record;
+    for (const PlacedWord& placed : EncodeBody(ticket)) {
+        record.body.push_back(placed.word);
+    }
+    return record;
 }
 
 std::string RecordHex(const TicketRecord& ticket) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "block/rows.h"
+#include "codec/marked_text.h"
 #include "codec/word.h"
 
 namespace varno {
@@ -36,6 +37,9 @@ struct BlockContent {
 
 // The content of an image that has no fault. Of another one it is what can be read of it.
 BlockContent ContentOf(std::string_view image);
+
+// The record of a ticket as the editor holds it, without a number.
+TicketRecord RecordOf(const MarkedText& ticket);
 
 // The hexadecimal text of a record, header and ticket end included.
 std::string RecordHex(const TicketRecord& ticket);

@@ -3,20 +3,8 @@
 #include "block/block_compare.h"
 #include "block/block_file.h"
 #include "block/image.h"
-#include "codec/encoder.h"
 
 namespace varno {
-namespace {
-
-TicketRecord RecordOf(const MarkedText& ticket) {
-    TicketRecord record;
-    for (const PlacedWord& placed : EncodeBody(ticket)) {
-        record.body.push_back(placed.word);
-    }
-    return record;
-}
-
-}  // namespace
 
 std::vector<std::string> CompareBlocks(const std::string& openImage, const std::string& copyImage,
                                        const CodeComment& comment) {

@@ -48,15 +48,16 @@ std::string Numbered(int number) {
 
 // Keeps a dated copy of the block, in the folder that is asked for or else in the history. That
 // the history cannot be written is only said.
-Error KeepCopy(const Request& request, Cause cause, const std::string& image) {
+Error KeepCopy(const Request& request, Cause cause, const Received& block) {
     const bool asked = !request.backupFolder.empty();
     History history = HistoryFor(request);
     const std::string& path = request.operands[0];
     const Copy copy = {
         .time = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now()),
         .cause = cause,
+        .port = block.port.substr(0, block.port.find(" (")),  // without its device
         .name = IsStandardOutput(path) ? "" : fs::path(path).stem().string()};
-    const Error error = history.Keep(copy, BlockFileBytes(image));
+    const Error error = history.Keep(copy, BlockFileBytes(block.image));
     if (error && !asked) {
         std::cerr << *error << '\n';
     }
@@ -80,11 +81,6 @@ bool OperatorAgrees(const std::string& question) {
 void RequirePort(const Request& request) {
     (void)IndicatorLine(request);
 }
-
-struct Received {
-    std::string image;
-    std::string port;
-};
 
 Received ReceiveOnce(const Request& request) {
     IndicatorLine line(request);
@@ -197,9 +193,9 @@ void Ports(const Request& request) {
 void Receive(const Request& request) {
     const std::string path = FileMeantBy(request.operands[0]);
     RequireNew(request, path);
-    const std::string image = ReceivedImage(request, path);
-    const Error uncopied = KeepCopy(request, Cause::Uploaded, image);
-    DeliverNew(request, path, BlockFileBytes(image));
+    const Received received = ReceivedBlock(request, path);
+    const Error uncopied = KeepCopy(request, Cause::Uploaded, received);
+    DeliverNew(request, path, BlockFileBytes(received.image));
     Require(uncopied);
 }
 
@@ -212,14 +208,14 @@ void Send(const Request& request) {
         throw Refusal(Ending::CouldNot, "nothing was sent");
     }
     IndicatorLine line(request);
-    Require(KeepCopy(request, Cause::Download, file.Block.TicketBuffer));
+    Require(KeepCopy(request, Cause::Download, {file.Block.TicketBuffer, line.Name()}));
     line.Send(file.Block.TicketBuffer);
 }
 
 void Verify(const Request& request) {
     const OpenedBlock file(request.operands[0]);
     file.RequireSound();
-    const BlockContent there = ContentOf(ReceivedImage(request));
+    const BlockContent there = ContentOf(ReceivedBlock(request).image);
     TellDifferences(request, ContentOf(file.Block.TicketBuffer), there,
                     {request.operands[0], "the indicator"});
 }
@@ -231,12 +227,12 @@ bool IsPort(const std::string& operand) {
            (PortNumberIn(operand) != 0 && !FileExists(operand));
 }
 
-std::string ReceivedImage(const Request& request, const std::string& damaged) {
+Received ReceivedBlock(const Request& request, const std::string& damaged) {
     for (;;) {
         const Received received = ReceiveOnce(request);
         const std::vector<std::string> faults = FaultsInImage(received.image);
         if (faults.empty()) {
-            return received.image;
+            return received;
         }
         TellDamage(received, faults, damaged);
         if (!OperatorIsThere() || !OperatorAgrees("Receive it again? [Y/n] ")) {

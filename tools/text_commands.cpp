@@ -8,7 +8,6 @@
 #include "block/block_text.h"
 #include "block/image.h"
 #include "codec/catalogue.h"
-#include "codec/encoder.h"
 #include "platform/files.h"
 #include "platform/rtf/rtf_reader.h"
 #include "tools/json.h"
@@ -79,7 +78,7 @@ ReadBlock BlockAt(const Request& request, const std::string& operand) {
     }
     Request toPort = request;
     toPort.port = operand;
-    return {ContentOf(ReceivedImage(toPort)), false};
+    return {ContentOf(ReceivedBlock(toPort).image), false};
 }
 
 void Tell(const Request& request, const std::vector<std::string>& differences,
@@ -197,11 +196,7 @@ TicketRecord TicketIn(const std::string& path, const std::string& bytes) {
     if (const Error error = LoadMarkedText(bytes, text)) {
         throw Refusal(Ending::FaultFound, path + ": " + *error);
     }
-    TicketRecord ticket;
-    for (const PlacedWord& placed : EncodeBody(text)) {
-        ticket.body.push_back(placed.word);
-    }
-    return ticket;
+    return RecordOf(text);
 }
 
 TicketRecord TicketIn(const std::string& givenPath) {

@@ -104,8 +104,9 @@ def moves_blocks():
         same(contents("there.VRB"), contents("got.VRB"))
         copies = sorted(contents("copies/" + name) for name in os.listdir("copies"))
         same(copies, sorted([contents(PLANT), contents("got.VRB")]), "the copies")
-        for name in os.listdir("copies"):
-            assert re.fullmatch(r"\d{8}T\d{9}Z_(uploaded|download)_got\.VRB", name), name
+        listed = subprocess.check_output([TOOL, "history", "--backup=copies"], text=True)
+        for what in f"After an upload from {indicator.port}", f"Before a download to {indicator.device}":
+            assert re.search(f"block got  {what} +sound", listed), listed
 
 
 def keeps_what_came_before_it_stood_still():
