@@ -59,7 +59,7 @@ std::size_t Capture::Take(std::string_view characters) {
 void Capture::Collect(char character) {
     if (state_ == State::PassingFill) {
         state_ = character == 'F' ? State::PassingFill : State::Off;
-    } else if (character == ':') {
+    } else if (character == ':' && state_ != State::Off) {
         state_ = State::Collecting;
         collected_ = character;
     } else if (state_ == State::Collecting) {

@@ -70,6 +70,10 @@ TEST(Indicator, CapturesAnImageOrSaysWhatIsWrong) {
         EXPECT_EQ(indicator.TakeScreen(), row.screen);
         EXPECT_EQ(indicator.Memory(), row.screen.starts_with(taken) ? other : Image);
     }
+    Indicator asleep(Image, {});  // nobody has started parameter 78
+    asleep.Receive(other + fill);
+    asleep.EndCapture();
+    EXPECT_EQ(asleep.Memory(), Image);
 }
 
 TEST(Indicator, ObeysItsPanel) {
