@@ -19,6 +19,38 @@ QFileInfo Executable() {
     return QFileInfo(QCoreApplication::applicationFilePath());
 }
 
+// While it lives, programs that are started get the folders of the user, and not those to practise
+// in, which will go.
+class UsersFolders {
+  public:
+    UsersFolders() {
+        for (const char* name : Variables) {
+            const QByteArray own = QByteArray(UsersOwn) + name;
+            if (qEnvironmentVariableIsSet(own)) {
+                toPractise_.emplace_back(name, qgetenv(name));
+                Set(name, qgetenv(own));
+            }
+        }
+    }
+    ~UsersFolders() {
+        for (const auto& [name, value] : toPractise_) {
+            Set(name, value);
+        }
+    }
+    UsersFolders(const UsersFolders&) = delete;
+    UsersFolders& operator=(const UsersFolders&) = delete;
+
+  private:
+    static constexpr const char* Variables[] = {"XDG_CONFIG_HOME", "XDG_DATA_HOME",
+                                                "XDG_STATE_HOME", "XDG_CACHE_HOME"};
+
+    static void Set(const char* name, const QByteArray& value) {
+        value.isEmpty() ? qunsetenv(name) : qputenv(name, value);
+    }
+
+    std::vector<std::pair<const char*, QByteArray>> toPractise_;
+};
+
 }  // namespace
 
 void PrepareApplication() {
@@ -73,6 +105,7 @@ Error QtPlatform::OpenDocument(const std::string& path) {
     if (!QFileInfo::exists(file)) {
         return path + ": there is no such file";
     }
+    const UsersFolders folders;
     const bool isOpened = QDesktopServices::openUrl(QUrl::fromLocalFile(file));
     return isOpened ? std::nullopt : Error(path + ": the desktop has no program that shows it");
 }
