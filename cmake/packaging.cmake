@@ -9,13 +9,16 @@ set(made ${PROJECT_BINARY_DIR}/packaging)
 
 # All that is installed, without the tests.
 add_custom_target(installed)
-add_dependencies(installed VarnoTicketFormatter varno-indicator varno-tickets catalogues samples
-    tutorial)
+add_dependencies(installed VarnoTicketFormatter varno-indicator varno-practice varno-tickets catalogues
+    samples tutorial)
 
 # Every program looks for the catalogues in its own folder, the window for its tutorial too. So all
 # live in one folder, and what is called are links into it. The catalogues are the customer's to
 # change, so there they are links too: /etc keeps them through upgrades and removal.
-install(TARGETS VarnoTicketFormatter varno-indicator varno-tickets RUNTIME DESTINATION lib/${package})
+install(TARGETS VarnoTicketFormatter varno-indicator varno-practice varno-tickets
+    RUNTIME DESTINATION lib/${package})
+# What there is to practise on lies beside its program too: documentation may be left out.
+install(FILES "${PROJECT_BINARY_DIR}/Plant.VRB" DESTINATION lib/${package})
 foreach(format rtf html)
     install(FILES "${PROJECT_BINARY_DIR}/Varno Ticket Formatter Tutorial.${format}"
         DESTINATION lib/${package})
@@ -27,6 +30,7 @@ function(install_link target folder name)
 endfunction()
 install_link(../lib/${package}/VarnoTicketFormatter bin ${package})
 install_link(../lib/${package}/varno-indicator bin varno-indicator)
+install_link(../lib/${package}/varno-practice bin varno-practice)
 install_link(../lib/${package}/varno-tickets bin varno-tickets)
 file(WRITE ${made}/conffiles "")
 foreach(catalogue ${VARNO_CATALOGUES})
@@ -85,7 +89,7 @@ function(install_packed source destination)
     cmake_path(GET destination PARENT_PATH folder)
     install(FILES ${packed} DESTINATION ${folder} RENAME ${target})
 endfunction()
-foreach(page ${package} varno-indicator varno-tickets)
+foreach(page ${package} varno-indicator varno-practice varno-tickets)
     configure_file(${PROJECT_SOURCE_DIR}/docs/man/${page}.1 ${made}/${page}.1 @ONLY)
     install_packed(${made}/${page}.1 share/man/man1/${page}.1.gz)
 endforeach()
@@ -105,7 +109,7 @@ into the ticket memory of the indicator, binds them to its keys, and moves the
 whole memory over a serial port in both directions.
 .
 Brings a terminal for the serial line, a tutorial, a simulated indicator for
-training (varno-indicator) and the same rules for the command line
+training (varno-indicator, varno-practice) and the same rules for the command line
 (varno-tickets).")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/package)

@@ -42,6 +42,14 @@ def xdotool(*arguments):
     return run.stdout.strip()
 
 
+def root_of(pid):
+    """A process on the accessibility bus, or None."""
+    for application in pyatspi.Registry.getDesktop(0):
+        if application and application.get_process_id() == pid:
+            return application
+    return None
+
+
 class Program:
     def __init__(self, executable, *arguments, environment=None):
         self.process = subprocess.Popen(
@@ -52,11 +60,7 @@ class Program:
 
     def _find_root(self):
         expect(self.process.poll() is None, "the program ended at once")
-        desktop = pyatspi.Registry.getDesktop(0)
-        for application in desktop:
-            if application and application.get_process_id() == self.process.pid:
-                return application
-        return None
+        return root_of(self.process.pid)
 
     # Windows and keys
 
