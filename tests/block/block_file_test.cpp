@@ -103,7 +103,8 @@ TEST(BlockFile, IsReadAsFarAsItCanMatter) {
     EXPECT_FALSE(ReadBlockFile(path, image));
     EXPECT_EQ(image, longest);
     ASSERT_FALSE(WriteFile(path, longest + "8,"));
-    EXPECT_TRUE(ReadBlockFile(path, image));
+    EXPECT_EQ(ReadBlockFile(path, image),
+              path + ": this is no ticket block; it goes on and on without a line end");
     EXPECT_EQ(image, longest);
     EXPECT_EQ(FaultsInBlockFile(longest).at(0), "It has 262143 characters; a block has 8007.");
     EXPECT_EQ(FaultsInBlockFile(longest + "8").at(0),

@@ -33,8 +33,11 @@ TEST(MemoryEditor, KeepsTheCaretInsideTheTextAndTakesItsFormat) {
     EXPECT_EQ(editor.SelLength(), 2);
     editor.Select(1, 2);
     EXPECT_EQ(editor.TypingFormat().colour, CommentColour);  // as on the screen
+    editor.SetTypingFormat({ControlCodeColour});
     EXPECT_EQ(editor.SelColor(), CommentColour);
     editor.SetSelStart(99);
+    editor.SetTypingFormat({ControlCodeColour});
+    EXPECT_EQ(editor.SelColor(), ControlCodeColour);
     EXPECT_EQ(editor.SelStart(), 6);
     EXPECT_EQ(editor.SelLength(), 0);
     editor.SetSelStart(-1);
