@@ -157,6 +157,7 @@ void Form1::ConnectEditor() {
     };
     richText.OnKeyUp = [this] { editor_.RichText_KeyUp(); };
     richText.OnGotFocus = [this] { editor_.RichText_GotFocus(); };
+    Menu("ShowMarks").OnClick = [&] { richText.SetShowsMarks(Menu("ShowMarks").Checked()); };
     Menu("ControlCodes").OnClick = [this] { insertCommands_.InsertControlCode(); };
     Menu("PrintCodes").OnClick = [this] { insertCommands_.InsertPrintCode(); };
     Menu("ascii").OnClick = [this] { insertCommands_.InsertAsciiCode(); };
@@ -211,6 +212,8 @@ void Form1::Form_Load() {
     LoadCommunications(settings, *msComm1_);
     window_->SetMinimumSize(MinimumWidth, MinimumHeight);
     LoadWindowSize(settings, *window_);
+    controls_.RichText.SetShowsMarks(LoadShowsMarks(settings));
+    Menu("ShowMarks").SetChecked(controls_.RichText.ShowsMarks());
     window_->SetCaption(platform_.App().exeName + " " + std::string(Version));
     OpenFileOfCommandLine();
     InsertPlain(controls_.RichText);
@@ -249,6 +252,7 @@ void Form1::Form_Unload() {
     SaveFolders(settings, state_.folders);
     SaveCommunications(settings, *msComm1_);
     SaveWindowSize(settings, *window_);
+    SaveShowsMarks(settings, controls_.RichText.ShowsMarks());
     platform_.Quit();
 }
 

@@ -157,6 +157,7 @@ constexpr std::array Layout{
 };
 
 constexpr std::array<std::string_view, 2> EditorAndList{"RichText", "TicketList"};
+constexpr std::array<std::string_view, 1> Editor{"RichText"};
 constexpr std::array ContextItems{
     ContextItemDesign{
         .name = "ShowHistory", .caption = "Histor&y", .key = "F6", .controls = EditorAndList},
@@ -164,6 +165,11 @@ constexpr std::array ContextItems{
                       .caption = "Ticket Pre&view",
                       .key = "F7",
                       .controls = EditorAndList},
+    ContextItemDesign{.name = "ShowMarks",
+                      .caption = "&Frame the Codes",
+                      .key = "F8",
+                      .controls = Editor,
+                      .checkable = true},
     ContextItemDesign{.name = "ShowTutorialPage",
                       .caption = "Tutorial in the &Browser",
                       .key = "F1",

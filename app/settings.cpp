@@ -7,6 +7,8 @@ namespace {
 
 constexpr const char* FoldersSection = "Folders";
 constexpr const char* WindowSizeSection = "WindowSize";
+constexpr const char* EditorSection = "Editor";
+constexpr const char* ShowMarksKey = "ShowMarks";
 
 struct FolderKey {
     const char* key;
@@ -68,6 +70,14 @@ void SaveWindowSize(SettingsStore& store, const Window& window) {
     for (const PlaceKey& row : PlaceKeys) {
         store.SaveSetting(WindowSizeSection, row.key, std::to_string(place.*row.measure));
     }
+}
+
+bool LoadShowsMarks(const SettingsStore& store) {
+    return GetNumber(store, EditorSection, ShowMarksKey, 0) == 1;
+}
+
+void SaveShowsMarks(SettingsStore& store, bool shows) {
+    store.SaveSetting(EditorSection, ShowMarksKey, shows ? "1" : "0");
 }
 
 }  // namespace varno

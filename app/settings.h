@@ -15,4 +15,8 @@ void LoadWindowSize(const SettingsStore& store, Window& window);
 // Place and size only of a window in its normal state.
 void SaveWindowSize(SettingsStore& store, const Window& window);
 
+// Whether the editor tells marks apart by more than their colours.
+bool LoadShowsMarks(const SettingsStore& store);
+void SaveShowsMarks(SettingsStore& store, bool shows);
+
 }  // namespace varno

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <exception>
 #include <fstream>
+#include <functional>
 
 #include "app/form1.h"
 #include "benchmarks/measure.h"
@@ -132,6 +133,36 @@ void BenchKey(QtRichTextBox& ours) {
         [&] { PressX(&bare); });
 }
 
+// A key at the end of the text with something that is switched on and off in turn.
+void CompareKeys(const char* what, double allowed, QtRichTextBox& ours,
+                 const std::function<void(bool)>& turn) {
+    std::vector<double> times[2];  // without it, with it
+    for (int round = 0; round < 40; ++round) {
+        const bool with = round % 2 != 0;
+        turn(with);
+        for (int press = -5; press < 15; ++press) {
+            const double time = Seconds([&] { PressX(ours.Get()); });
+            if (press >= 0) {  // the window has settled
+                times[with ? 1 : 0].push_back(time);
+            }
+        }
+    }
+    Report(what, Median(times[1]), Median(times[0]), allowed);
+}
+
+// Below a screen full of codes and comments.
+void BenchMarks(QtRichTextBox& ours, const Catalogues& catalogues) {
+    std::vector<Word> words = LargestRecord();
+    words.erase(words.begin() + 60, words.end() - 1);
+    const MarkedText ticket = Decode(words, catalogues);
+    CompareKeys("key with the marks framed / without", 1.1, ours, [&](bool with) {
+        ours.SetContent(ticket);
+        ours.Get()->moveCursor(QTextCursor::End);
+        ours.SetShowsMarks(with);
+    });
+    ours.SetShowsMarks(false);
+}
+
 // The ticket of BenchKey still stands in the editor. The preview follows only when the typing
 // pauses: no key pays for it. What it then does is weighed against building the text.
 void BenchPreview(Form1& form, QtRichTextBox& ours) {
@@ -151,17 +182,8 @@ void BenchPreview(Form1& form, QtRichTextBox& ours) {
     auto& item = form.MainWindow().Get<MenuItem>("ShowPreview");
     item.OnClick();
     auto* preview = ours.Get()->window()->findChild<QWidget*>("Preview");
-    std::vector<double> times[2];  // without the preview, with it
-    for (int turn = 0; turn < 14; ++turn) {
-        preview->setVisible(turn % 2 != 0);
-        for (int press = -10; press < 43; ++press) {
-            const double time = Seconds([&] { PressX(ours.Get()); });
-            if (press >= 0) {  // the window has come or gone
-                times[turn % 2].push_back(time);
-            }
-        }
-    }
-    Report("key with the preview open / without", Median(times[1]), Median(times[0]), 1.3);
+    CompareKeys("key with the preview open / without", 1.3, ours,
+                [&](bool with) { preview->setVisible(with); });
     Compare(
         "preview of it shown anew / build", 9, 1.5,
         [&] {
@@ -218,6 +240,7 @@ int main(int argc, char** argv) try {
     varno::BenchCodec(editor, catalogues);
     varno::BenchKey(editor);
     varno::BenchPreview(form, editor);
+    varno::BenchMarks(editor, catalogues);
     varno::BenchPicker(platform, catalogues);
 } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

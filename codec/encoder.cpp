@@ -1,26 +1,12 @@
 #include "codec/encoder.h"
 
-#include <algorithm>
 #include <utility>
 
+#include "codec/pieces.h"
 #include "codec/windows1252.h"
 
 namespace varno {
 namespace {
-
-// A coloured letter with the digits behind it that stands for one word.
-struct Mark {
-    Colour colour;
-    char16_t letter;
-    Word base;
-    std::size_t maxDigits;
-};
-
-constexpr Mark Marks[] = {
-    {AsciiCodeColour, u'A', 0, 3},
-    {ControlCodeColour, u'C', ControlCode, std::u16string_view::npos},
-    {PrintCodeColour, u'P', PrintCode, std::u16string_view::npos},
-};
 
 class Encoder {
   public:
@@ -37,24 +23,17 @@ class Encoder {
     void Write(int word) { body_.push_back({static_cast<Word>(word), begin_}); }
 
     void EncodeNext() {
-        begin_ = next_;
-        const char16_t character = ticket_.At(next_);
-        const Colour colour = ticket_.FormatAt(next_).colour;
-        ++next_;
-        if (colour == TextColour) {
-            return WriteText(character);
-        }
-        for (const Mark& mark : Marks) {
-            if (colour == mark.colour && character == mark.letter) {
-                return WriteMark(mark);
-            }
+        const Piece piece = PieceAt(ticket_, next_);
+        begin_ = piece.start;
+        next_ = piece.end;
+        if (piece.kind == Piece::Kind::Text) {
+            WriteText(ticket_.At(begin_));
+        } else if (piece.code) {
+            Write(*piece.code);
         }
     }
 
     void WriteText(char16_t character) {
-        if (character < u' ') {
-            return;
-        }
         if (character == SpaceMarker) {
             return Write(u' ');
         }
@@ -75,21 +54,6 @@ class Encoder {
         }
         return (ticket_.At(next_ - 2) & 0xFC00) == 0xD800 &&
                ticket_.FormatAt(next_ - 2).colour == TextColour;
-    }
-
-    void WriteMark(const Mark& mark) {
-        int number = 0;  // stays at MaxWordValue + 1 once it is too large for a word
-        for (std::size_t digits = 0; digits < mark.maxDigits && IsDigitOf(mark); ++digits) {
-            number = std::min(number * 10 + (ticket_.At(next_++) - u'0'), MaxWordValue + 1);
-        }
-        if (number <= MaxWordValue) {
-            Write(mark.base + number);
-        }
-    }
-
-    bool IsDigitOf(const Mark& mark) const {
-        return next_ < ticket_.Length() && ticket_.At(next_) >= u'0' && ticket_.At(next_) <= u'9' &&
-               ticket_.FormatAt(next_).colour == mark.colour;
     }
 
     const MarkedText& ticket_;

@@ -50,6 +50,9 @@ struct Effect {
     bool operator==(const Effect&) const = default;
 };
 
+// What a code does, as a sentence ends: "feeds 2 lines, switches bold on".
+std::string InWords(const std::vector<Effect>& effects);
+
 // What stands on the paper in place of a print code. Only the indicator knows the value.
 struct SampleValue {
     std::u16string text;  // printed characters only

@@ -190,6 +190,9 @@ class Timer : public Component {
 
 class MenuItem : public Command {
   public:
+    virtual bool Checked() const = 0;  // of a checkable one, which its choice turns round
+    virtual void SetChecked(bool checked) = 0;
+
     std::function<void()> OnClick;  // chosen; of a menu: about to open
 };
 

@@ -94,6 +94,7 @@ struct ContextItemDesign {
     std::string_view caption;
     std::string_view key;                        // such as "F7" or "Ctrl+C"
     std::span<const std::string_view> controls;  // none: by its key alone
+    bool checkable = false;
 };
 
 struct WindowDesign {

@@ -23,6 +23,10 @@ class RichTextBox : public Control, public MarkedEditor {
     // Puts all changes made while `change` runs into one step of undo.
     virtual void AsOneStep(const std::function<void()>& change) = 0;
 
+    // Frames around codes and hatching under what is in no ticket; painted only.
+    virtual bool ShowsMarks() const = 0;
+    virtual void SetShowsMarks(bool shows) = 0;
+
     std::function<void()> OnChange;  // the text changed, whoever changed it
     // A change that would have made the text longer than an editor takes was left out; `why` is for
     // the operator.

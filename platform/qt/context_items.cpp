@@ -38,6 +38,7 @@ ContextItems::ContextItems(std::span<const ContextItemDesign> designs, QWidget& 
         auto* item = new QAction(ToQt(design.caption), &window);
         item->setObjectName(ToQt(design.name));
         item->setShortcut(QKeySequence(ToQt(design.key)));
+        item->setCheckable(design.checkable);
         items_.append(item);
         auto component = std::make_unique<QtMenuItem>(item);
         QObject::connect(item, &QAction::triggered, &window, [component = component.get()] {

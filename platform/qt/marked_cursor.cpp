@@ -1,8 +1,5 @@
 #include "platform/qt/marked_cursor.h"
 
-#include <QHash>
-#include <QList>
-#include <QTextBlock>
 #include <algorithm>
 
 #include "platform/qt/measures.h"
@@ -28,52 +25,6 @@ QTextBlock BlockAtMarked(const QTextDocument& document, int markedPosition) {
     }
     return document.findBlockByNumber(low);
 }
-
-// Reads a document piece by piece; what a Qt format means is worked out once for each format.
-class Reader {
-  public:
-    explicit Reader(const QTextDocument& document)
-        : raw_(document.toRawText()), formats_(document.allFormats()) {}
-
-    // Qt would look every position up in a tree; here they add up.
-    MarkedText Read(const QTextDocument& document, int from, int to) {
-        MarkedText text;
-        text.Reserve(static_cast<std::size_t>(to - from + 2 * document.blockCount()));
-        QTextBlock block = document.findBlock(from);
-        for (int position = block.position(); block.isValid() && position <= to; ++position) {
-            if (position > from) {
-                text.Append(LineBreak, Format(block.charFormatIndex()));
-            }
-            for (auto it = block.begin(); !it.atEnd(); ++it) {
-                const QTextFragment fragment = it.fragment();
-                const int start = std::max(from, position);
-                position += fragment.length();
-                const int end = std::min(to, position);
-                if (start < end) {
-                    text.Append(Piece(start, end), Format(fragment.charFormatIndex()));
-                }
-            }
-            block = block.next();
-        }
-        return text;
-    }
-
-  private:
-    std::u16string_view Piece(int start, int end) const {
-        return {reinterpret_cast<const char16_t*>(raw_.utf16()) + start,
-                static_cast<std::size_t>(end - start)};
-    }
-    const CharFormat& Format(int index) {
-        const auto known = known_.find(index);
-        return known != known_.end()
-                   ? known.value()
-                   : *known_.insert(index, FromQt(formats_.at(index).toCharFormat()));
-    }
-
-    QString raw_;
-    QList<QTextFormat> formats_;
-    QHash<int, CharFormat> known_;
-};
 
 }  // namespace
 
@@ -130,8 +81,44 @@ CharFormat FormatBefore(const QTextDocument& document, int qtPosition) {
     return FromQt(cursor.charFormat());
 }
 
+const CharFormat& MarkedReader::Format(int index) {
+    const auto known = known_.find(index);
+    return known != known_.end() ? known.value()
+                                 : *known_.insert(index, FromQt(formats_.at(index).toCharFormat()));
+}
+
+int MarkedReader::Read(const QTextBlock& block, QStringView blockText, int from, int to,
+                       MarkedText& text) {
+    int offset = 0;
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        const int start = std::max(from, offset);
+        offset += fragment.length();
+        const int end = std::min(to, offset);
+        if (start < end) {
+            text.Append({blockText.utf16() + start, static_cast<std::size_t>(end - start)},
+                        Format(fragment.charFormatIndex()));
+        }
+    }
+    return offset;
+}
+
+// Qt would look every position up in a tree; here they add up.
 MarkedText ReadMarked(const QTextDocument& document, int from, int to) {
-    return Reader(document).Read(document, from, to);
+    MarkedReader reader(document);
+    const QString raw = document.toRawText();
+    MarkedText text;
+    text.Reserve(static_cast<std::size_t>(to - from + 2 * document.blockCount()));
+    QTextBlock block = document.findBlock(from);
+    for (int position = block.position(); block.isValid() && position <= to; ++position) {
+        if (position > from) {
+            text.Append(LineBreak, reader.Format(block.charFormatIndex()));
+        }
+        position += reader.Read(block, QStringView(raw).mid(position), from - position,
+                                to - position, text);
+        block = block.next();
+    }
+    return text;
 }
 
 void InsertMarked(QTextCursor& cursor, const MarkedText& text) {

@@ -1,6 +1,9 @@
 // Marked text in a Qt document: formats, positions, reading and writing.
 #pragma once
 
+#include <QHash>
+#include <QList>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -20,6 +23,22 @@ int ToQtPosition(const QTextDocument& document, int markedPosition);
 CharFormat FormatBefore(const QTextDocument& document, int qtPosition);
 
 MarkedText ReadMarked(const QTextDocument& document, int from, int to);  // Qt positions
+
+// Reads a document piece by piece; what a Qt format means is worked out once for each format.
+class MarkedReader {
+  public:
+    explicit MarkedReader(const QTextDocument& document) : formats_(document.allFormats()) {}
+
+    // Adds what of the block lies between two places in it, from 0, and returns its length; all
+    // without its line break.
+    int Read(const QTextBlock& block, QStringView blockText, int from, int to, MarkedText& text);
+    const CharFormat& Format(int index);
+
+  private:
+    QList<QTextFormat> formats_;
+    QHash<int, CharFormat> known_;
+};
+
 void InsertMarked(QTextCursor& cursor, const MarkedText& text);
 
 }  // namespace varno

@@ -1,10 +1,12 @@
 #include "platform/qt/rich_text_box.h"
 
+#include <QPaintEvent>
 #include <QTextBlock>
 #include <utility>
 
 #include "codec/text_limits.h"
 #include "codec/text_steps.h"
+#include "platform/qt/mark_painter.h"
 #include "platform/qt/marked_cursor.h"
 #include "platform/qt/simple_controls.h"
 
@@ -15,6 +17,16 @@ RichTextView::RichTextView(QtRichTextBox* control, QWidget* parent)
     setLineWrapMode(QTextEdit::NoWrap);
     setTabChangesFocus(true);
     setCursorWidth(2);
+}
+
+void RichTextView::paintEvent(QPaintEvent* event) {
+    if (!showsMarks) {
+        return QTextEdit::paintEvent(event);
+    }
+    const MarkPainter marks(*this, event->rect());
+    marks.PaintUnderText();
+    QTextEdit::paintEvent(event);
+    marks.PaintOverText();
 }
 
 void RichTextView::mouseReleaseEvent(QMouseEvent* event) {
@@ -154,6 +166,11 @@ Colour QtRichTextBox::SelColor() const {
     const QTextCursor cursor = widget_->textCursor();
     return cursor.hasSelection() ? FormatBefore(*widget_->document(), cursor.selectionEnd()).colour
                                  : TypingFormat().colour;
+}
+
+void QtRichTextBox::SetShowsMarks(bool shows) {
+    widget_->showsMarks = shows;
+    widget_->viewport()->update();
 }
 
 void QtRichTextBox::AsOneStep(const std::function<void()>& change) {

@@ -17,8 +17,11 @@ class RichTextView final : public QTextEdit {
   public:
     RichTextView(QtRichTextBox* control, QWidget* parent);
 
+    bool showsMarks = false;
+
   protected:
     bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -58,6 +61,8 @@ class QtRichTextBox final : public QtControl<RichTextBox, RichTextView> {
     CharFormat TypingFormat() const override;
     void SetTypingFormat(const CharFormat& format) override { typing_ = {format, Now()}; }
     Colour SelColor() const override;
+    bool ShowsMarks() const override { return widget_->showsMarks; }
+    void SetShowsMarks(bool shows) override;
     void AsOneStep(const std::function<void()>& change) override;
 
     // Selects the word at a Qt position.

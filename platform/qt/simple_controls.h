@@ -108,6 +108,8 @@ class QtMenuItem final : public MenuItem {
     void SetEnabled(bool enabled) override { action_->setEnabled(enabled); }
     bool Visible() const override { return action_->isVisible(); }
     void SetVisible(bool visible) override { action_->setVisible(visible); }
+    bool Checked() const override { return action_->isChecked(); }
+    void SetChecked(bool checked) override { action_->setChecked(checked); }
 
   private:
     QAction* action_;

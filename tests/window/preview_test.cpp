@@ -234,7 +234,6 @@ TEST_F(PreviewTest, OpensFromContextMenus) {
             open();
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
             ASSERT_NE(menu, nullptr) << name;
-            EXPECT_EQ(menu->actions().last()->text(), "Ticket Pre&view");
             QTest::keyClick(menu, Qt::Key_V);
             preview = window.TopLevel()->findChild<QWidget*>("Preview");
             ASSERT_TRUE(preview != nullptr && preview->isVisible()) << name;
