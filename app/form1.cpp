@@ -74,6 +74,7 @@ Form1::Form1(Platform& platform)
                 .RichText = controls_.RichText,
                 .TicketList = controls_.TicketList,
                 .block = state_.block,
+                .catalogues = catalogues_,
                 .caretPlaced = [this] { editor_.RichText_Click(); },
                 .savePdf = [this](const std::string& name,
                                   const std::string& bytes) { files_.SavePdfAs(name, bytes); }}),
@@ -164,6 +165,12 @@ void Form1::ConnectEditor() {
 }
 
 void Form1::ConnectLink() {
+    message_.OnChange = [this] {
+        const std::string spoken = spokenStatus_.Of(message_.Caption());
+        if (!spoken.empty()) {
+            window_->Announce(spoken);
+        }
+    };
     timer1_.OnTimer = [this] { transfer_.Timer1_Timer(); };
     msComm1_->OnReceive = [this] { upload_.MSComm1_OnComm(); };
     Menu("Varno").OnClick = [this] { download_.Varno_Click(); };
@@ -178,6 +185,7 @@ void Form1::ConnectLink() {
 
 void Form1::ConnectPreview() {
     controls_.RichText.OnSelChange = [this] { preview_.RichText_SelChange(); };
+    Menu("TellCaret").OnClick = [this] { preview_.TellCaret_Click(); };
     Menu("ShowPreview").OnClick = [this] { preview_.ShowPreview_Click(); };
     Menu("ShowHistory").OnClick = [this] { history_.ShowHistory_Click(); };
 }

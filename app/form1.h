@@ -17,6 +17,7 @@
 #include "history/history_window.h"
 #include "link/download.h"
 #include "link/serial_settings_command.h"
+#include "link/spoken_status.h"
 #include "link/terminal.h"
 #include "link/transfer.h"
 #include "link/upload.h"
@@ -72,6 +73,7 @@ class Form1 {
     TicketListView listView_;
     InsertCommands insertCommands_;
     TicketEditor editor_;
+    SpokenStatus spokenStatus_;
     Transfer transfer_;
     Upload upload_;
     Download download_;

@@ -165,6 +165,8 @@ constexpr std::array ContextItems{
                       .caption = "Ticket Pre&view",
                       .key = "F7",
                       .controls = EditorAndList},
+    ContextItemDesign{
+        .name = "TellCaret", .caption = "&Where the Caret Is", .key = "F2", .controls = Editor},
     ContextItemDesign{.name = "ShowMarks",
                       .caption = "&Frame the Codes",
                       .key = "F8",

@@ -71,6 +71,8 @@ class Label : public Control {
     virtual std::string Caption() const = 0;
     virtual void SetCaption(const std::string& caption) = 0;
     virtual void Repaint() = 0;  // at once, without waiting for the event loop
+
+    std::function<void()> OnChange;  // the caption was set
 };
 
 class Button : public Control {

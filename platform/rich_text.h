@@ -27,6 +27,10 @@ class RichTextBox : public Control, public MarkedEditor {
     virtual bool ShowsMarks() const = 0;
     virtual void SetShowsMarks(bool shows) = 0;
 
+    // A note at the caret, or at the front of the selection, until the caret moves or Esc is
+    // pressed.
+    virtual void ShowNote(const std::string& text) = 0;
+
     std::function<void()> OnChange;  // the text changed, whoever changed it
     // A change that would have made the text longer than an editor takes was left out; `why` is for
     // the operator.

@@ -45,6 +45,7 @@ class Window {
     // Blocks the program's other windows; returns once the window is hidden or closed.
     virtual void ShowModal() = 0;
     virtual void Activate() = 0;  // brings it to the front, for the keys to go there
+    virtual void Announce(const std::string& text) = 0;  // to assistive technology, to be spoken
     virtual void Hide() = 0;
     virtual void Close() = 0;  // as its close box does
 

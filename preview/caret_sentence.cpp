@@ -16,11 +16,6 @@ std::string Quoted(std::u16string_view text) {
     return "\"" + ToUtf8(text) + "\"";
 }
 
-std::string Trimmed(const std::u16string& text) {
-    const std::size_t first = std::min(text.find_first_not_of(u' '), text.size());
-    return ToUtf8(text.substr(first, text.find_last_not_of(u' ') + 1 - first));
-}
-
 // Cuts are between lines.
 std::string PlaceInWords(const Paper& paper, const PaperPlace& place) {
     int line = 1;
@@ -129,7 +124,7 @@ class Caret {
             return name + " is not in the ticket: its number is above " +
                    std::to_string(MaxWordValue) + ".";
         }
-        const std::string said = Trimmed(comment(*piece_.code));
+        const std::string said = comment(*piece_.code);
         return name + (said.empty() ? " " : ", " + said + ", ") + CodeInWords() + ".";
     }
 

@@ -2,17 +2,13 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 
 #include "codec/marked_text.h"
+#include "codec/ticket_text.h"
 #include "paper/effects.h"
 
 namespace varno {
-
-// The comment of a control or print code in its catalogue, maybe with blanks around it; empty for
-// none.
-using CodeComment = std::function<std::u16string(Word code)>;
 
 // UTF-8: the place on the paper, then what stands behind the caret, or what the caret is within,
 // and what that does, as in "Printed line 3, column 12 of the paper. Control code 005, LINE FEED,

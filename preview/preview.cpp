@@ -11,6 +11,7 @@
 #include "paper/look.h"
 #include "platform/user_folder.h"
 #include "platform/window_layout.h"
+#include "preview/caret_sentence.h"
 #include "preview/preview_design.h"
 
 namespace varno {
@@ -121,6 +122,20 @@ std::optional<int> Preview::SelectedTicket() const {
         return std::nullopt;
     }
     return LeadingNumber(list.List(list.ListIndex()));
+}
+
+// On the paper as wide as it was last shown. What is wrong with the effects its window tells.
+void Preview::TellCaret_Click() {
+    Effects effects;
+    LoadEffects(platform_.App().folder, UserDataFolder(), effects);
+    if (window_) {
+        effects.paperWidth = effects_.paperWidth;
+    }
+    const std::string sentence = CaretSentence(
+        previewed_.RichText.Content(), static_cast<std::size_t>(previewed_.RichText.SelStart()),
+        effects, CommentsOf(previewed_.catalogues));
+    previewed_.RichText.ShowNote(sentence);
+    previewed_.window.Announce(sentence);
 }
 
 void Preview::On(CommandEvent event) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "block/ticket_block.h"
+#include "codec/catalogue.h"
 #include "platform/announce.h"
 #include "platform/paper_view.h"
 #include "platform/platform.h"
@@ -23,6 +24,7 @@ struct PreviewedWindow {
     RichTextBox& RichText;
     ListBox& TicketList;
     const TicketBlock& block;
+    const Catalogues& catalogues;
     std::function<void()> caretPlaced;  // by a click on the paper
     // Asks where to save the document and saves it; `name` is offered.
     std::function<void(const std::string& name, const std::string& bytes)> savePdf;
@@ -33,6 +35,7 @@ class Preview {
     Preview(Platform& platform, PreviewedWindow previewed);
 
     void ShowPreview_Click();
+    void TellCaret_Click();  // in words, at the caret and to assistive technology
     void On(CommandEvent event);
     void RichText_SelChange();
 

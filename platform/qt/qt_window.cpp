@@ -9,6 +9,7 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "platform/qt/announcement.h"
 #include "platform/qt/control_factory.h"
 #include "platform/qt/measures.h"
 #include "platform/qt/simple_controls.h"
@@ -283,6 +284,9 @@ void QtWindow::ShowModal() {
 void QtWindow::Activate() {
     widget_->raise();
     widget_->activateWindow();
+}
+void QtWindow::Announce(const std::string& text) {
+    AnnounceFrom(widget_.get(), ToQt(text));
 }
 void QtWindow::Hide() {
     widget_->hide();

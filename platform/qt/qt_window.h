@@ -31,6 +31,7 @@ class QtWindow final : public QObject, public Window {
     void Show() override;
     void ShowModal() override;
     void Activate() override;
+    void Announce(const std::string& text) override;
     void Hide() override;
     void Close() override;
     Place CurrentOuterPlace() const override;

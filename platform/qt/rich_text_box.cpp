@@ -2,6 +2,8 @@
 
 #include <QPaintEvent>
 #include <QTextBlock>
+#include <QToolTip>
+#include <algorithm>
 #include <utility>
 
 #include "codec/text_limits.h"
@@ -58,6 +60,7 @@ QtRichTextBox::QtRichTextBox(const ControlDesign& design, QWidget* parent)
     widget_->document()->setDefaultFont(varno::ToQt(design.font));
     // A caret that goes away and comes back has moved.
     QObject::connect(widget_, &QTextEdit::cursorPositionChanged, widget_, [this] {
+        QToolTip::hideText();
         if (typing_ && typing_->at != Now()) {
             typing_.reset();
         }
@@ -171,6 +174,17 @@ Colour QtRichTextBox::SelColor() const {
 void QtRichTextBox::SetShowsMarks(bool shows) {
     widget_->showsMarks = shows;
     widget_->viewport()->update();
+}
+
+// As rich text a long note has several lines.
+void QtRichTextBox::ShowNote(const std::string& text) {
+    QTextCursor front = widget_->textCursor();
+    front.setPosition(front.selectionStart());
+    QWidget* paper = widget_->viewport();
+    const QPoint below = widget_->cursorRect(front).bottomLeft();
+    const QPoint place(std::clamp(below.x(), 0, paper->width()),
+                       std::clamp(below.y(), 0, paper->height()));
+    QToolTip::showText(paper->mapToGlobal(place), "<p>" + varno::ToQt(text).toHtmlEscaped(), paper);
 }
 
 void QtRichTextBox::AsOneStep(const std::function<void()>& change) {

@@ -63,6 +63,7 @@ class QtRichTextBox final : public QtControl<RichTextBox, RichTextView> {
     Colour SelColor() const override;
     bool ShowsMarks() const override { return widget_->showsMarks; }
     void SetShowsMarks(bool shows) override;
+    void ShowNote(const std::string& text) override;
     void AsOneStep(const std::function<void()>& change) override;
 
     // Selects the word at a Qt position.

@@ -1,6 +1,7 @@
 // The keys of the ticket editor: what the toolkit does with a key that the program lets pass.
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QToolTip>
 #include <algorithm>
 #include <array>
 
@@ -58,6 +59,9 @@ bool RichTextView::event(QEvent* event) {
 }
 
 void RichTextView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        QToolTip::hideText();
+    }
     if (!IsModifierAlone(*event)) {
         control_->SetKeyHeld(event->isAutoRepeat());
         HandleKey(event, KeyCodeOf(*event));

@@ -156,9 +156,15 @@ QtLabel::QtLabel(const ControlDesign& design, QWidget* parent)
 
 void QtLabel::SetCaption(const std::string& caption) {
     widget_->setText(varno::ToQt(caption));
-    if (largestWidth_ == designWidth_) {
-        return;
+    if (largestWidth_ != designWidth_) {
+        FitCaption();
     }
+    if (OnChange) {
+        OnChange();
+    }
+}
+
+void QtLabel::FitCaption() {
     const int needed = widget_->fontMetrics().horizontalAdvance(widget_->text()) + 2;
     const int width = std::clamp(needed, designWidth_, largestWidth_);
     QRect place = widget_->geometry();

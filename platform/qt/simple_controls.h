@@ -37,6 +37,8 @@ class QtLabel final : public QtControl<Label, ElidingLabel> {
     void Repaint() override { widget_->repaint(); }
 
   private:
+    void FitCaption();
+
     int designWidth_;   // pixels
     int largestWidth_;  // pixels
 };

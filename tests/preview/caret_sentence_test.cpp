@@ -16,7 +16,7 @@ TEST(CaretSentence, SaysWhereTheCaretIsAndWhatIsThere) {
                            effects),
               std::vector<std::string>());
     const CodeComment comment = [](Word code) {
-        return std::u16string(code == ControlCode + 5 ? u" LINE FEED " : u"");
+        return std::string(code == ControlCode + 5 ? "LINE FEED" : "");
     };
     const struct {
         const char* ticket;
