@@ -8,6 +8,7 @@
 
 #include "block/image.h"
 #include "link/port_session.h"
+#include "link/spoken_status.h"
 #include "tests/window/scripted_line.h"
 
 namespace varno {
@@ -121,6 +122,27 @@ TEST(BlockTransfer, TellsWholePercents) {
     for (const auto& [characters, percent] : table) {
         EXPECT_EQ(ProgressPercent(characters), percent) << characters;
     }
+}
+
+TEST(SpokenStatus, IsSpokenOnceInTenPercent) {
+    SpokenStatus spoken;
+    std::string said;
+    const auto show = [&](const std::string& caption) {
+        const std::string now = spoken.Of(caption);
+        said += now.empty() ? "" : now + "|";
+    };
+    show("");
+    show(StartTransmission);
+    for (int percent = 0; percent <= 103; percent += 3) {
+        show(ReceivingText(percent));
+    }
+    show("");
+    show("");
+    std::string expected = std::string(StartTransmission) + "|";
+    for (const int percent : {0, 12, 21, 30, 42, 51, 60, 72, 81, 90, 102}) {
+        expected += ReceivingText(percent) + "|";
+    }
+    EXPECT_EQ(said, expected + "The transfer has ended.|");
 }
 
 }  // namespace

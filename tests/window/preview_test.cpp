@@ -8,7 +8,9 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QScrollBar>
+#include <QTextDocumentFragment>
 #include <QTextEdit>
+#include <QToolTip>
 
 #include "platform/qt/paper_sheet.h"
 #include "tests/window/caret_picture.h"
@@ -240,6 +242,45 @@ TEST_F(PreviewTest, OpensFromContextMenus) {
             preview->close();
         }
     }
+}
+
+// With F2, in a note that the next key takes away.
+TEST_F(PreviewTest, TellsWhereTheCaretIs) {
+    Load("ab¬\n{r}C017{g} BOLD <b>{k}\nc");
+    auto& text = window.Get<RichTextBox>("RichText");
+    auto* editor = window.Widget<QTextEdit>("RichText");
+    const MarkedText before = text.Content();
+    const struct {
+        int caret, length;
+        const char* note;
+    } table[] = {
+        {0, 0, "Printed line 1, column 1 of the paper. The character \"a\"."},
+        {1, 1, "Printed line 1, column 2 of the paper. The character \"b\"."},
+        {5, 0, "Printed line 2, column 1 of the paper. Control code 017 switches bold on."}};
+    for (const auto& row : table) {
+        text.SetSelStart(row.caret + row.length);
+        QTextCursor cursor = editor->textCursor();
+        cursor.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, row.length);
+        editor->setTextCursor(cursor);
+        const int steps = editor->document()->availableUndoSteps();
+        QTest::keyClick(editor, Qt::Key_F2);
+        const QString shown = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+        EXPECT_EQ(shown.toStdString(), row.note);
+        EXPECT_EQ(text.Content(), before);
+        EXPECT_EQ(text.SelLength(), row.length);
+        EXPECT_EQ(editor->document()->availableUndoSteps(), steps);
+        QTest::keyClick(editor, row.length > 0 ? Qt::Key_Escape : Qt::Key_Right);
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); })) << row.note;
+    }
+    // On the paper as it was last shown.
+    OpenPreview();
+    preview->findChild<QComboBox*>("PaperWidth")->setCurrentIndex(1);
+    emit preview->findChild<QComboBox*>("PaperWidth")->activated(1);
+    text.SetContent(FromPicture("123456789012345678901234567890"));
+    text.SetSelStart(25);
+    window.Widget<QWidget>("TicketList")->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2);
+    EXPECT_TRUE(QToolTip::text().contains("line 2, column 2 ")) << QToolTip::text().toStdString();
 }
 
 // The key rules come first: a letter behind a mark is black, whatever key came between.
