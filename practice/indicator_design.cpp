@@ -7,6 +7,7 @@ namespace {
 
 using Kind = ControlKind;
 
+constexpr Colour DarkRed = 0x000088;
 constexpr int MiddleOfATransfer = 4000;  // characters, of 8369 down and 8009 up
 
 constexpr ControlDesign TextRow(std::string_view name, std::string_view purpose, int top) {
@@ -32,12 +33,12 @@ constexpr std::array Controls{
     ControlDesign{.name = "SimulatedStrip", .kind = Kind::StatusStrip, .place = {0, 0, 0, 315}},
     ControlDesign{.name = "Simulated",
                   .kind = Kind::Label,
-                  .caption = "SIMULATED INDICATOR",
+                  .caption = "SIMULATED INDICATOR: nothing is weighed",
                   .container = "SimulatedStrip",
                   .place = {120, 60, 6360, 255},
-                  .accessibleDescription = "No real indicator: nothing is weighed",
+                  .accessibleDescription = "What this is",
                   .alignment = Alignment::Centre,
-                  .colour = 0x0000AA},
+                  .colour = DarkRed},
     TextRow("Display", "Display", 420),
     TextRow("LineState", "Line", 720),
     ControlDesign{.name = "Paper",

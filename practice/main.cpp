@@ -32,7 +32,7 @@ constexpr const char* Usage =
     "  --help   this text\n";
 
 constexpr int UsualSpeed = 9600;  // baud
-constexpr int Gap = 300;          // between the windows, in twips
+constexpr int Gap = 150;          // between the windows, in twips
 constexpr const char* SampleBlock = "Plant.VRB";
 
 std::filesystem::path OwnFolder() {

@@ -14,6 +14,7 @@ sys.path.insert(0, os.path.join(ROOT, "tests", "program"))
 
 from indicator_at_work import Indicator  # noqa: E402  (found by the line above)
 from operator_at_work import Program, wait_for, xdotool  # noqa: E402
+from practice import INDICATOR, Desk  # noqa: E402
 
 BLOCK = os.path.join(FOLDER, "Plant.VRB")
 MAIN_WINDOW = "VarnoTicketFormatter 1.0.2"
@@ -178,6 +179,18 @@ def picture_all(home, theme, scale):
             photographer.picture_the_line()
         finally:
             program.kill()
+    picture_the_practice(home, theme, scale)
+
+
+def picture_the_practice(home, theme, scale):
+    os.makedirs(os.path.join(home, "runtime"), mode=0o700)
+    desktop = DARK_DESKTOP if theme == "dark" else {}
+    desk = Desk(home, environment={"QT_SCALE_FACTOR": str(scale), **desktop})
+    try:
+        desk.press(desk.indicator, INDICATOR, "alt+p")
+        Photographer(None, None, theme, scale).shoot("indicator", tutorial=True)
+    finally:
+        desk.kill()
 
 
 def main():

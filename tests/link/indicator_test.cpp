@@ -13,6 +13,7 @@
 #include "paper/effects_text.h"
 #include "paper/text.h"
 #include "platform/files.h"
+#include "practice/line_text.h"
 #include "simulator/line.h"
 #include "simulator/panel.h"
 #include "simulator/port_offer.h"
@@ -215,6 +216,35 @@ TEST(Station, EndsACaptureAfterASilenceAndServesTheNextProgram) {
     station.Step(start);
     char heard = 0;
     EXPECT_EQ(::read(Opened(device).handle, &heard, 1), -1);
+}
+
+TEST(LineText, TellsWhatTheLineDoes) {
+    Indicator indicator(Image, {});
+    Station station(indicator);
+    std::string device;
+    station.OnPlugged = [&](const std::string& plugged) { device = plugged; };
+    EXPECT_EQ(LineText(station, 2), "COM2: the cable is unplugged");
+    station.Step();
+    EXPECT_EQ(LineText(station, 2), "COM2 at full speed, not open");
+    const Opened program(device);
+    station.Wire().SetSpeed(9600);
+    const struct {
+        Line::Fault fault;
+        int after;
+        std::string text;
+    } table[] = {{Line::Fault::None, 0, ""},
+                 {Line::Fault::Stall, 9, "; the line will stand still"},
+                 {Line::Fault::Stall, 0, "; the line stands still"},
+                 {Line::Fault::Damage, 0, "; a character will be damaged"},
+                 {Line::Fault::Cut, 9, "; the cable will be pulled"}};
+    for (const auto& row : table) {
+        station.Wire().Arm(row.fault, row.after);
+        station.Step();
+        EXPECT_EQ(LineText(station, 2), "COM2 at 9600 baud, opened by the program" + row.text);
+    }
+    station.Wire().Arm(Line::Fault::Cut, 0);
+    station.Step();
+    EXPECT_EQ(LineText(station, 2), "COM2: the cable is unplugged");
 }
 
 TEST(PortOffer, TakesAFreeNumberAndCleansUp) {

@@ -51,12 +51,13 @@ def files_in(folder):
 class Desk:
     """One practice desk of a user whose home is `home`."""
 
-    def __init__(self, home, user=None):
+    def __init__(self, home, user=None, environment=None):
         self.runtime = os.path.join(home, "runtime")
         self.process = subprocess.Popen(
             [os.path.join(FOLDER, "varno-practice")], cwd=home, user=user, group=user,
             extra_groups=None if user is None else [],
-            env={**os.environ, "HOME": home, "XDG_RUNTIME_DIR": self.runtime})
+            env={**os.environ, "HOME": home, "XDG_RUNTIME_DIR": self.runtime,
+                 **(environment or {})})
         self.indicator = self.process.pid
         self.program = wait_for(lambda: self.child("VarnoTicketForm"), "the program")
         self.keeper = wait_for(lambda: self.child("practice-keeper"), "the keeper")
