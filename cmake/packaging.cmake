@@ -73,6 +73,9 @@ add_custom_target(completion DEPENDS ${completion})
 add_dependencies(installed completion)
 install(FILES ${completion} DESTINATION share/bash-completion/completions RENAME varno-tickets)
 
+install(FILES ${texts}/varno-practice.completion
+    DESTINATION share/bash-completion/completions RENAME varno-practice)
+
 # Manual pages and the log of changes are packed; -n keeps the time out, so builds repeat.
 function(install_packed source destination)
     cmake_path(GET source FILENAME name)
@@ -109,8 +112,8 @@ into the ticket memory of the indicator, binds them to its keys, and moves the
 whole memory over a serial port in both directions.
 .
 Brings a terminal for the serial line, a tutorial, a simulated indicator for
-training (varno-indicator, varno-practice) and the same rules for the command line
-(varno-tickets).")
+training (varno-practice, varno-indicator) and the same rules for the command
+line (varno-tickets).")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_SOURCE_DIR}/build/package)
 set(CPACK_STRIP_FILES ON)

@@ -12,10 +12,12 @@ namespace {
 // The roll ends in a basket: of what was printed before, the oldest is no longer seen.
 constexpr std::size_t MostRows = 2000;
 
-void ShowIfOther(Label& label, const std::string& text) {
-    if (label.Caption() != text) {
+bool ShowIfOther(Label& label, const std::string& text) {
+    const bool isOther = label.Caption() != text;
+    if (isOther) {
         label.SetCaption(text);
     }
+    return isOther;
 }
 
 }  // namespace
@@ -108,7 +110,9 @@ void IndicatorWindow::Serve() try {
 
 void IndicatorWindow::ShowState() {
     indicator_.TakeScreen();  // its display is enough here
-    ShowIfOther(window_->Get<Label>("Display"), indicator_.Display());
+    if (ShowIfOther(window_->Get<Label>("Display"), indicator_.Display())) {
+        window_->Announce(indicator_.Display());
+    }
     ShowIfOther(window_->Get<Label>("LineState"), LineText(station_, port_));
     Menu("GoOn").SetEnabled(station_.Wire().Armed() != Line::Fault::None);
     const Paper printed = indicator_.TakePaper();

@@ -1,6 +1,9 @@
 // varno-practice: the program and a simulated indicator side by side, to practise with.
 
+#include <unistd.h>
+
 #include <QApplication>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -95,6 +98,19 @@ int Run(int argc, char** argv) {
     return QApplication::exec();
 }
 
+// Who has chosen it in a menu sees no terminal.
+void Report(const std::string& failure, int argc, char** argv) {
+    std::cerr << "varno-practice: " << failure << '\n';
+    const bool hasDisplay = std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY");
+    if (argc == 1 && hasDisplay && ::isatty(STDERR_FILENO) == 0) {
+        const QApplication application(argc, argv);
+        PrepareApplication();
+        QtPlatform(ThisProgram())
+            .DialogBoxes()
+            .ShowMessage(failure, ApplicationTitle, Buttons::Ok, Icon::Critical);
+    }
+}
+
 }  // namespace
 
 }  // namespace varno
@@ -104,7 +120,7 @@ int main(int argc, char** argv) {
     try {
         return varno::Run(argc, argv);
     } catch (const std::exception& failure) {
-        std::cerr << "varno-practice: " << failure.what() << '\n';
+        varno::Report(failure.what(), argc, argv);
         return 1;
     }
 }
