@@ -17,7 +17,7 @@ void CopyRows::SetCopies(std::vector<Copy> copies, CopyTime started) {
     for (Copy& copy : copies) {
         CopyHeading heading = HeadingOf(copy);
         if (rows_.size() < lostCount) {
-            heading.what = "Lost work: never saved";
+            heading.what = "Never saved: program not closed";
         }
         auto learned = known.extract(FileNameOf(copy));
         const CopyFindings* findings =

@@ -16,8 +16,9 @@ enum class CopyColumn { When, What, Kind, Name, Tickets, Soundness };
 
 class CopyRows {
   public:
-    // Lost work comes first: unsaved copies from before `started` that nothing has ended. The rest
-    // is newest first. What was learned of a copy stays known.
+    // Lost work comes first: unsaved copies from before `started` that nothing has ended. Those of
+    // another program that still runs are among them. The rest is newest first. What was learned of
+    // a copy stays known.
     void SetCopies(std::vector<Copy> copies, CopyTime started);
 
     // Shows the rows that hold every word of the filter, in whatever column; true if they are

@@ -123,9 +123,9 @@ def holds(folder, pattern, content):
 def get_it_back(folder, block):
     program = Operator(PROGRAM, block)
     try:
-        find_copy(program, "lost ticket")
+        find_copy(program, "never saved ticket")
         # What assistive technology reads of its row.
-        program.find("Lost work: never saved")
+        program.find("Never saved: program not closed")
         tab_to(program, "Copies")
         program.keys("Return")  # opens nothing by mistake
         expect(program.text("Ticket editor") == "", "Enter opened a copy")

@@ -176,7 +176,7 @@ TEST_F(WindowOfTheHistory, TellsOfEachCopyAndFindsIt) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return Rows().find("212, 300") != std::string::npos; }));
     const std::string all = Rows();
     EXPECT_TRUE(
-        all.starts_with("Lost work: never saved|ticket|Shop1||sound|\n"
+        all.starts_with("Never saved: program not closed|ticket|Shop1||sound|\n"
                         "Before a ticket was deleted|block||none|"))
         << all;
     EXPECT_NE(all.find("After an upload from COM3|block|Plant|212|The checksum"), std::string::npos)
