@@ -229,7 +229,7 @@ bool IsPort(const std::string& operand) {
 
 Received ReceivedBlock(const Request& request, const std::string& damaged) {
     for (;;) {
-        const Received received = ReceiveOnce(request);
+        Received received = ReceiveOnce(request);
         const std::vector<std::string> faults = FaultsInImage(received.image);
         if (faults.empty()) {
             return received;

@@ -211,7 +211,7 @@ TEST_F(HistoryTest, LosesNothingToAWrongClock) {
     keep(firstDay + 1h, "F");
     keep(Noon + 4h, "G");
     EXPECT_EQ(Open().Copies().size(), 5U);
-    EXPECT_NE(Shown().find("F"), std::string::npos) << Shown();
+    EXPECT_NE(Shown().find('F'), std::string::npos) << Shown();
 }
 
 TEST_F(HistoryTest, IsWholeWhenProgramsAreKilledWhileTheyWrite) {
