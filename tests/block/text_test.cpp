@@ -117,6 +117,15 @@ TEST(BlockText, GivesTheSameBlockBack) {
     }
 }
 
+// A damaged block is shown too.
+TEST(BlockContent, LeavesOutWhatIsInNoTicket) {
+    const std::vector<TicketRecord> tickets =
+        ContentOf(":0041100008D400421000004308D58000").tickets;
+    ASSERT_EQ(tickets.size(), 2U);
+    EXPECT_EQ(tickets[0].body, std::vector<Word>{'B'});
+    EXPECT_EQ(tickets[1].body, std::vector<Word>());
+}
+
 // Every word once, in the one form that it has.
 TEST(BlockText, WritesOneLineForOnePrintedLine) {
     const BlockContent block{

@@ -15,7 +15,16 @@ TEST(KeyRules, LeaveADigitKeyWithShiftAlone) {
         EXPECT_EQ(answer.insert, u"");
         EXPECT_EQ(answer.digitRun, 0);
     }
-    EXPECT_EQ(AnswerKey({}, 'A', ShiftAlt, 2).digitRun, 0) << "and so does a command";
+}
+
+// Alt with a letter that inserts nothing is the desktop's.
+TEST(KeyRules, TakeTheKeysOfTheirCommandsOnly) {
+    for (const char key : {'A', 'B', 'C', 'F', 'P', 'Z'}) {
+        const KeyAnswer answer = AnswerKey({}, key, ShiftAlt, 2);
+        const bool inserts = key == 'A' || key == 'C' || key == 'P';
+        EXPECT_EQ(answer.fate, inserts ? KeyFate::Drop : KeyFate::Pass) << key;
+        EXPECT_EQ(answer.digitRun, 0) << key;
+    }
 }
 
 }  // namespace
