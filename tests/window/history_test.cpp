@@ -160,6 +160,35 @@ std::string Block(std::initializer_list<int> tickets) {
     return BlockFileBytes(block.TicketBuffer);
 }
 
+// The same content makes no second copy.
+TEST_F(WindowOfTheHistory, HoldsTheBlockBeforeAndAfterATransfer) {
+    window.Start();
+    window.Open(ImageIn(Block({300, 301})));
+    script.Expect({"Start TICKET BUFFER CAPTURING in Varno (parameter 78),\r\n"
+                   "then click OK button.",
+                   "", Buttons::OkCancel, Icon::Exclamation},
+                  Answer::Ok);
+    bool isDeleted = false;
+    window.platform.onDoEvents = [&] {
+        if (!std::exchange(isDeleted, true)) {
+            window.ClickRow(1);
+            window.Click("DeleteButton");
+        }
+    };
+    window.Click("DownloadButton");
+    script.Expect(
+        {"Items in ticket block will be lost.", "Warning", Buttons::OkCancel, Icon::Critical},
+        Answer::Ok);
+    window.Click("UploadButton");
+    window.platform.line->Arrive("#" + Block({205}));
+    EXPECT_EQ(window.Rows(), "205");
+    const std::string all =
+        "download-COM1_Opened.VRB: 301 300\n"
+        "downloaded-COM1_Opened.VRB: 300\n"
+        "uploaded-COM1_Opened.VRB: 205\n";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Kept() == all; })) << Kept();
+}
+
 TEST_F(WindowOfTheHistory, TellsOfEachCopyAndFindsIt) {
     std::string damaged = Block({212});
     damaged[9] = damaged[9] == '0' ? '1' : '0';
