@@ -64,6 +64,7 @@ struct ControlDesign {
     std::string_view accessibleName = {};
     std::string_view accessibleDescription = {};
 
+    std::string_view buddy = {};  // Label: the control that it names
     FontFace font = FontFace::Interface;
     Alignment alignment = Alignment::Left;
     Colour colour = TextColour;  // of the text; black follows the desktop theme

@@ -22,6 +22,7 @@ constexpr std::array Controls{
                   .kind = Kind::Label,
                   .caption = "Paper width",
                   .place = {3060, 150, 1020, 270},
+                  .buddy = "PaperWidth",
                   .alignment = Alignment::Right},
     ControlDesign{.name = "PaperWidth",
                   .kind = Kind::DropDownList,

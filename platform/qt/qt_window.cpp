@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QScreen>
@@ -82,6 +83,7 @@ QtWindow::QtWindow(const WindowDesign& design, QWidget* parent)
     widget_->setObjectName(ToQt(design.name));
     widget_->setWindowTitle(ToQt(design.caption));
     AddControls(design);
+    TieLabels(design);
     contextItems_ = std::make_unique<ContextItems>(design.contextItems, *widget_, components_);
     const QSize client(ToPixels(design.clientWidth), ToPixels(design.clientHeight));
     const QSize size = client + QSize(0, MenuBarHeight());
@@ -149,6 +151,15 @@ void QtWindow::AddControls(const WindowDesign& design) {
             previous = made.widget;
         }
         components_.emplace(control.name, std::move(made.component));
+    }
+}
+
+void QtWindow::TieLabels(const WindowDesign& design) {
+    for (const ControlDesign& control : design.controls) {
+        if (!control.buddy.empty()) {
+            client_->findChild<QLabel*>(ToQt(control.name))
+                ->setBuddy(client_->findChild<QWidget*>(ToQt(control.buddy)));
+        }
     }
 }
 

@@ -45,6 +45,7 @@ class QtWindow final : public QObject, public Window {
   private:
     void AddControls(const WindowDesign& design);
     void AddMenus(const WindowDesign& design, QMenuBar& menuBar);
+    void TieLabels(const WindowDesign& design);
     void NoteButtonRoles(const ControlDesign& control, Component* component);
     void PreviewKey(const QObject* receiver, const QString& text);
     void Resized();

@@ -26,7 +26,7 @@ RowList::RowList(QWidget* parent) : QListWidget(parent) {
     setUniformItemSizes(true);
     QObject::connect(this, &QListWidget::itemSelectionChanged, this, [this] {
         if (const int row = SelectedRow(); row >= 0) {
-            setCurrentRow(row, QItemSelectionModel::NoUpdate);  // a drag selects before it moves
+            StandAt(row);  // a drag selects before it moves
             Call(OnChosen);
         }
     });
@@ -35,6 +35,42 @@ RowList::RowList(QWidget* parent) : QListWidget(parent) {
 int RowList::SelectedRow() const {
     const QModelIndexList selected = selectionModel()->selectedRows();
     return selected.isEmpty() ? -1 : selected.first().row();
+}
+
+void RowList::Select(int row) {
+    selectionModel()->select(model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
+    StandAt(row);
+}
+
+void RowList::StandAt(int row) {
+    place_ = model()->index(row, 0);
+    if (hasFocus()) {
+        selectionModel()->setCurrentIndex(place_, QItemSelectionModel::NoUpdate);
+    }
+}
+
+// What is in sight stays there.
+void RowList::TakePlace() {
+    if (place_.isValid()) {
+        setAutoScroll(false);
+        selectionModel()->setCurrentIndex(place_, QItemSelectionModel::NoUpdate);
+        setAutoScroll(true);
+    }
+}
+
+void RowList::LeavePlace() {
+    place_ = currentIndex();
+    selectionModel()->setCurrentIndex({}, QItemSelectionModel::NoUpdate);
+}
+
+void RowList::focusInEvent(QFocusEvent* event) {
+    TakePlace();
+    QListWidget::focusInEvent(event);
+}
+
+void RowList::focusOutEvent(QFocusEvent* event) {
+    LeavePlace();
+    QListWidget::focusOutEvent(event);
 }
 
 // Whatever button or modifier is down: a row is selected, and no row is let go.
@@ -64,12 +100,19 @@ void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
     }
 }
 
+// A field over the list sends it keys, too.
 void RowList::keyPressEvent(QKeyEvent* event) {
+    if (!hasFocus()) {
+        TakePlace();
+    }
     if (WalksUpOrDown(*event) && SelectedRow() < 0 && count() > 0) {
         setCurrentRow(std::max(0, currentRow()));  // the first such key skips no row
-        return;
+    } else {
+        QListWidget::keyPressEvent(event);
     }
-    QListWidget::keyPressEvent(event);
+    if (!hasFocus()) {
+        LeavePlace();
+    }
 }
 
 }  // namespace varno

@@ -12,6 +12,9 @@ class RowList : public QListWidget {
     explicit RowList(QWidget* parent);
 
     int SelectedRow() const;  // -1 for none
+    // Selects a row as the program does: unasked. Keys go on from there.
+    void Select(int row);
+    void StandAt(int row);  // where keys go on from; -1 for nowhere
 
     std::function<void()> OnChosen;    // a row was selected, or the selected one pressed once more
     std::function<void()> OnDblClick;  // on a row that the first click selected
@@ -22,9 +25,17 @@ class RowList : public QListWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
+    void TakePlace();
+    void LeavePlace();
     bool IsOnSelectedRow(const QMouseEvent& event) const;
+
+    // The current row of a list without the focus, which has none: assistive technology takes a
+    // current row for one that has the focus.
+    QPersistentModelIndex place_;
 };
 
 }  // namespace varno

@@ -64,7 +64,7 @@ ComboPanel::ComboPanel(QtSimpleCombo* control, QWidget* parent)
 void ComboPanel::Choose() {
     {
         const QSignalBlocker quiet(field);
-        field->setText(list->currentItem()->text());
+        field->setText(list->item(list->SelectedRow())->text());
     }
     field->selectAll();
     if (control_->OnClick) {
@@ -147,7 +147,7 @@ void QtSimpleCombo::SetFocus() {
 // Of equal entries the one that was chosen stays so.
 QListWidgetItem* QtSimpleCombo::EntryOfText() const {
     const QString text = widget_->field->text();
-    QListWidgetItem* current = widget_->list->currentItem();
+    QListWidgetItem* current = widget_->list->item(widget_->list->SelectedRow());
     if (current != nullptr && current->text() == text) {
         return current;
     }
@@ -159,7 +159,7 @@ void QtSimpleCombo::FollowText() {
     RowList* list = widget_->list;
     const QSignalBlocker quiet(list);
     if (QListWidgetItem* entry = EntryOfText()) {
-        list->setCurrentItem(entry);
+        list->Select(list->row(entry));
         list->scrollToItem(entry);
         return;
     }
@@ -167,7 +167,7 @@ void QtSimpleCombo::FollowText() {
     const QString text = widget_->field->text();
     const auto starting = list->findItems(text, Qt::MatchStartsWith);
     QListWidgetItem* nearest = text.isEmpty() || starting.isEmpty() ? nullptr : starting.first();
-    list->setCurrentItem(nearest, QItemSelectionModel::NoUpdate);
+    list->StandAt(nearest != nullptr ? list->row(nearest) : -1);
     if (nearest != nullptr) {
         list->scrollToItem(nearest, QAbstractItemView::PositionAtTop);
     }

@@ -2,6 +2,8 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
+#include <cmath>
 
 namespace varno {
 namespace {
@@ -31,7 +33,37 @@ void DrawBorder(const QStyleOption& option, QPainter* painter) {
     }
 }
 
+constexpr double LeastContrast = 4.5;
+
+// As the eye sees it, 0 to 1.
+double Lightness(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double Contrast(const QColor& ink, const QColor& paper) {
+    const auto [dark, light] = std::minmax({Lightness(ink), Lightness(paper)});
+    return (light + 0.05) / (dark + 0.05);
+}
+
 }  // namespace
+
+// The face is made darker under light ink and lighter under dark ink.
+void Style::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        const QColor ink = palette.color(group, QPalette::HighlightedText);
+        QColor face = palette.color(group, QPalette::Highlight);
+        const bool lightInk = Lightness(ink) > 0.18;
+        for (int step = 0; step < 40 && Contrast(ink, face) < LeastContrast; ++step) {
+            face = lightInk ? face.darker(105) : face.lighter(105);
+        }
+        palette.setColor(group, QPalette::Highlight, face);
+    }
+}
 
 Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
 

@@ -10,6 +10,10 @@ class Style final : public QProxyStyle {
   public:
     Style();
 
+    // What is selected can be read in any theme.
+    void polish(QPalette& palette) override;
+    using QProxyStyle::polish;
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -55,16 +55,72 @@ def where_the_caret_is(program, listener):
     expect(program.text(EDITOR) == before, "F2 or F8 changed the text")
 
 
+def labelled(program, name):
+    """The names of the labels that are tied to a control."""
+    relations = program.find(name).getRelationSet()
+    return [relation.getTarget(i).name for relation in relations for i in range(relation.getNTargets())
+            if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY]
+
+
+def focused_rows(program):
+    return [row.name for row in program.find("Tickets", "list")
+            if row.getState().contains(pyatspi.STATE_FOCUSED)]
+
+
+def roles_and_states(program):
+    expect(labelled(program, "Ticket number") == ["#"], "the number has no label")
+    program.keys("Tab")
+    program.type("212")
+    program.keys("Tab", "space")
+    program.await_rows(["212"])
+    program.keys("Tab", "Tab", "Tab")
+    program.await_focus("Tickets")
+    program.keys("Down", "p")
+    program.await_rows(["212  P"])
+    wait_for(lambda: program.has_state("Print", pyatspi.STATE_CHECKED), "the key pressed")
+    expect(not program.has_state("Start", pyatspi.STATE_CHECKED), "another key is pressed")
+    expect(focused_rows(program) == ["212  P"], "the row has not the focus")
+    program.keys("shift+Tab")
+    wait_for(lambda: not program.is_focused("Tickets"), "the focus elsewhere")
+    expect(focused_rows(program) == [], "a row has the focus of another control")
+    for keys, title in ((("alt+c",), "Varno Control Codes"), (("alt+h", "t"), "Tutorial")):
+        program.keys(*keys)
+        program.await_window(title)
+        roles = [w.getRoleName() for w in program.shown_windows() if w.name == title]
+        expect(roles == ["dialog"], f"{title!r} is no dialog")
+        program.keys("Escape")
+        program.await_window(MAIN_WINDOW)
+
+
+def transfer(program, listener, indicator):
+    listener.heard.clear()
+    program.keys("alt+v", "u")
+    program.await_message("Items in ticket block will be lost.")
+    program.keys("Return")
+    listener.hear("the prompt", lambda text: text.startswith("Start TICKET BUFFER"))
+    indicator.tell("77")
+    listener.hear("the end", lambda text: text == "The transfer has ended.")
+    percents = [text for text in listener.heard if text.endswith("%")]
+    expect(percents and len(percents) <= 11, f"heard {percents}")
+    expect(len({text[:-2] for text in percents}) == len(percents), f"heard {percents}")
+
+
 def main():
     with tempfile.TemporaryDirectory() as folder:
         for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"):
             os.environ[name] = folder
         listener = Listener()
-        program = Program(PROGRAM)
-        try:
-            where_the_caret_is(program, listener)
-        finally:
-            program.kill()
+        with Indicator(FOLDER) as indicator:
+            with open(os.path.join(folder, "VarnoTicketFormatter.ini"), "w",
+                      encoding="ascii") as settings:
+                settings.write(f'[Communications]\nCOM={indicator.port}\nSettings="9600,n,8,1"\n')
+            program = Program(PROGRAM)
+            try:
+                where_the_caret_is(program, listener)
+                roles_and_states(program)
+                transfer(program, listener, indicator)
+            finally:
+                program.kill()
     print("assistive technology is told what is on the screen")
 
 

@@ -241,6 +241,52 @@ TEST_F(MainLook, NamesOfAnyLengthHaveRoom) {
     EXPECT_GT(block->toolTip().size(), 200);
 }
 
+// A selected row can be read in light and dark colours, whichever window has the focus.
+TEST_F(MainLook, WhatIsSelectedCanBeRead) {
+    QPalette dark(QColor(49, 54, 59), QColor(42, 46, 50));
+    dark.setColor(QPalette::Highlight, QColor(61, 174, 233));
+    dark.setColor(QPalette::HighlightedText, QColor(252, 252, 252));
+    QPalette yellow = dark;
+    yellow.setColor(QPalette::Highlight, QColor(120, 110, 0));
+    yellow.setColor(QPalette::HighlightedText, Qt::black);
+    for (QPalette palette : {QApplication::palette(), dark, yellow}) {
+        QApplication::style()->polish(palette);
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+            const double face = Luminance(palette.color(group, QPalette::Highlight));
+            const double ink = Luminance(palette.color(group, QPalette::HighlightedText));
+            EXPECT_GE((std::max(face, ink) + 0.05) / (std::min(face, ink) + 0.05), 4.4) << group;
+        }
+    }
+    window.Open(NewTicketBuffer());
+    auto* list = window.Widget<QListWidget>("TicketList");
+    list->addItem("212");
+    list->setCurrentRow(0);
+    const QPoint middle(list->width() / 2, list->visualItemRect(list->item(0)).center().y());
+    EXPECT_EQ(list->viewport()->grab().toImage().pixel(middle),
+              list->palette().color(QPalette::Highlight).rgb());
+}
+
+// Assistive technology takes the current row for one that has the focus.
+TEST_F(MainLook, OnlyAListWithTheFocusHasACurrentRow) {
+    auto* list = window.Widget<QListWidget>("TicketList");
+    for (const char* row : {"200", "212", "300"}) {
+        list->addItem(row);
+    }
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(list->currentRow(), 1);
+    for (const Qt::FocusReason reason : {Qt::TabFocusReason, Qt::MouseFocusReason}) {
+        window.Widget<QWidget>("RichText")->setFocus();
+        EXPECT_EQ(list->currentRow(), -1);
+        EXPECT_EQ(window.Get<ListBox>("TicketList").ListIndex(), 1);
+        list->setFocus(reason);
+        EXPECT_EQ(list->currentRow(), 1);
+    }
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(window.Get<ListBox>("TicketList").ListIndex(), 2);
+}
+
 // The paper stays white and the inks as they are in a dark theme.
 TEST_F(MainLook, PaperIsWhiteInADarkTheme) {
     const QPalette light = QApplication::palette();

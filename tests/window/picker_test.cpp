@@ -90,11 +90,11 @@ struct Shown {
             if (!list->isVisible()) {
                 continue;
             }
-            const QListWidgetItem* entry = list->currentItem();
+            const QListWidgetItem* entry = list->item(list->SelectedRow());
             ASSERT_NE(entry, nullptr) << list->objectName().toStdString();
             const auto* field = list->parentWidget()->findChild<QLineEdit*>();
             EXPECT_EQ(entry->text(), field->text());
-            EXPECT_TRUE(entry->isSelected());
+            EXPECT_EQ(list->currentItem(), list->hasFocus() ? entry : nullptr);
             EXPECT_TRUE(list->viewport()->rect().contains(list->visualItemRect(entry).center()));
         }
     }
