@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # scripts/check_installed.sh PREFIX: starts the installed program by its link on a sample block, and
-# fails unless its window, its catalogues and its tutorial are found. Needs a display.
+# fails unless its window, its catalogues and its tutorial are found, and unless it can be practised
+# with. Needs a display.
 set -euo pipefail
 prefix="$1"
 
@@ -33,5 +34,11 @@ finds() {
     "$prefix/bin/varno-tickets" "$1" "$prefix/share/doc/varno-ticket-formatter/examples/Plant.VRB" 212 |
         grep --quiet "$2" || { echo "varno-tickets finds no $3." >&2; exit 1; }
 }
+# By the command of the desktop action.
+"$prefix/bin/varno-practice" &
+practice=$!
+await '^Varno Indicator'
+kill "$practice"
+wait "$practice"
 finds show 'GROSS WEIGHT' catalogue
 finds print '12480 kg' 'code effects'
