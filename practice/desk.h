@@ -12,7 +12,7 @@
 namespace varno {
 
 // On the screen, in twips: the indicator has room at the right.
-inline constexpr Place ProgramPlace{150, 150, 7200, 8400};
+inline constexpr Place ProgramPlace{150, 150, 7725, 8400};
 
 class Desk {
   public:

@@ -13,7 +13,7 @@ constexpr int MiddleOfATransfer = 4000;  // characters, of 8369 down and 8009 up
 constexpr ControlDesign TextRow(std::string_view name, std::string_view purpose, int top) {
     return {.name = name,
             .kind = Kind::Label,
-            .place = {120, top, 6360, 270},
+            .place = {120, top, 6060, 270},
             .accessibleDescription = purpose};
 }
 
@@ -35,7 +35,7 @@ constexpr std::array Controls{
                   .kind = Kind::Label,
                   .caption = "SIMULATED INDICATOR: nothing is weighed",
                   .container = "SimulatedStrip",
-                  .place = {120, 60, 6360, 255},
+                  .place = {120, 60, 6060, 255},
                   .accessibleDescription = "What this is",
                   .alignment = Alignment::Centre,
                   .colour = DarkRed},
@@ -43,18 +43,18 @@ constexpr std::array Controls{
     TextRow("LineState", "Line", 720),
     ControlDesign{.name = "Paper",
                   .kind = Kind::PaperView,
-                  .place = {120, 1080, 6360, 5520},
+                  .place = {120, 1080, 6060, 5520},
                   .accessibleName = "Printed tickets",
                   .font = FontFace::FixedWidth},
-    PanelButton("PrintKey", "&Print", "Prints the ticket of the key Print", 120, 1500, KeysTop),
-    PanelButton("StartKey", "&Start", "Prints the ticket of the key Start", 1740, 1500, KeysTop),
-    PanelButton("InKey", "&In", "Prints the ticket of the key In", 3360, 1500, KeysTop),
-    PanelButton("OutKey", "&Out", "Prints the ticket of the key Out", 4980, 1500, KeysTop),
+    PanelButton("PrintKey", "&Print", "Prints the ticket of the key Print", 120, 1425, KeysTop),
+    PanelButton("StartKey", "&Start", "Prints the ticket of the key Start", 1665, 1425, KeysTop),
+    PanelButton("InKey", "&In", "Prints the ticket of the key In", 3210, 1425, KeysTop),
+    PanelButton("OutKey", "&Out", "Prints the ticket of the key Out", 4755, 1425, KeysTop),
     PanelButton("Parameter77", "Parameter 7&7: transmit tickets",
-                "Sends its tickets; start the upload in the program first", 120, 3120,
+                "Sends its tickets; start the upload in the program first", 120, 2970,
                 ParametersTop),
     PanelButton("Parameter78", "Parameter 7&8: capture tickets",
-                "Awaits tickets; the download in the program asks for it", 3360, 3120,
+                "Awaits tickets; the download in the program asks for it", 3210, 2970,
                 ParametersTop),
 };
 
@@ -97,7 +97,7 @@ constexpr std::array Items{
 
 constexpr WindowDesign Design{.name = "Indicator",
                               .caption = "Varno Indicator (SIMULATED)",
-                              .clientWidth = 6600,
+                              .clientWidth = 6300,
                               .clientHeight = 7860,
                               .controls = Controls,
                               .menus = Menus,
