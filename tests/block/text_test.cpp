@@ -289,8 +289,16 @@ TEST(Merge, TakesWhatOneSideChanged) {
         EXPECT_EQ(Merge(base, row.ours, row.theirs).conflicts,
                   std::vector<std::string>{row.conflict});
     }
-    EXPECT_EQ(Merge(base, base, theirs).content, theirs);
+    BlockContent odd = theirs;
+    odd.endMarker = 0x8123;
+    odd.fill = {0xABC0};
+    odd.smallDigits = true;
+    EXPECT_EQ(Merge(base, base, odd).content, odd);
     EXPECT_EQ(Merge(base, ours, base).content, ours);
+    BlockContent otherwise = base;
+    otherwise.endMarker = 0x8124;
+    otherwise.fill = {0xABC1};
+    EXPECT_EQ(Merge(base, otherwise, odd).conflicts.size(), 2U);
 }
 
 }  // namespace
