@@ -15,7 +15,7 @@ const WindowDesign& IndicatorDesign();
 std::span<const LayoutRow> IndicatorLayout();
 
 // A window smaller than this springs back to it; outer measures.
-inline constexpr int IndicatorMinimumWidth = 6000;
+inline constexpr int IndicatorMinimumWidth = 6420;
 inline constexpr int IndicatorMinimumHeight = 4800;
 
 // Menu items that put a fault onto the line, so many characters later, and those that set its
