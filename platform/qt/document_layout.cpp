@@ -125,6 +125,7 @@ QTextBlockFormat Layouter::BlockFormat(const RtfParagraph& paragraph) const {
     result.setTextIndent(ToPixels(format.firstIndent));
     result.setTopMargin(ToPixels(format.spaceBefore));
     result.setBottomMargin(ToPixels(format.spaceAfter));
+    result.setHeadingLevel(format.heading);
     if (format.background) {
         result.setBackground(varno::ToQt(*format.background));
     }

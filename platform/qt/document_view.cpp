@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "platform/qt/document_layout.h"
+#include "platform/qt/document_view_accessible.h"
 #include "platform/qt/simple_controls.h"
 #include "platform/rtf/rtf_reader.h"
 
@@ -9,6 +10,7 @@ namespace varno {
 
 QtDocumentView::QtDocumentView(const ControlDesign& design, QWidget* parent)
     : QtControl(new QTextBrowser(parent)) {
+    MakeDocumentViewAccessible(widget_);
     ApplyDesign(design, widget_);
     UseWhitePaper(widget_, Qt::black);
     widget_->setOpenLinks(false);  // shows the document, goes nowhere

@@ -57,6 +57,10 @@ void ParagraphBackground(In& in, int number) {
     in.State().paragraph.background = in.Colours().At(number);
 }
 
+void OutlineLevel(In& in, int level) {
+    in.State().paragraph.heading = level >= 0 && level < 9 ? level + 1 : 0;
+}
+
 void ParagraphDefaults(In& in, int) {
     in.State().paragraph = {};
     in.State().inTable = false;

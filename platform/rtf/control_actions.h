@@ -71,6 +71,7 @@ void ParagraphMeasure(In& in, int twips) {
 }
 
 void ParagraphBackground(In& in, int number);
+void OutlineLevel(In& in, int level);  // from 0; 9 is running text
 void ParagraphDefaults(In& in, int);
 void EndParagraph(In& in, int);
 void BreakPage(In& in, int);

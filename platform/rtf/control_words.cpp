@@ -78,6 +78,7 @@ constexpr WordRow Rows[] = {
     {"sb", {ParagraphMeasure<&RtfParagraphFormat::spaceBefore>}},
     {"sa", {ParagraphMeasure<&RtfParagraphFormat::spaceAfter>}},
     {"cbpat", {ParagraphBackground}},
+    {"outlinelevel", {OutlineLevel}},
     // Tables
     {"intbl", {SetFlag<&RtfGroupState::inTable>, 1}},
     {"itap", {TableNesting, 1}},

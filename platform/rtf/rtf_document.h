@@ -47,6 +47,7 @@ struct RtfParagraphFormat {
     int spaceBefore = 0;
     int spaceAfter = 0;
     std::optional<Colour> background;
+    int heading = 0;  // its level, from 1; 0 for none
 
     bool operator==(const RtfParagraphFormat&) const = default;
 };

@@ -67,6 +67,17 @@ def focused_rows(program):
             if row.getState().contains(pyatspi.STATE_FOCUSED)]
 
 
+def tutorial_headings(program):
+    document = program.find("Tutorial document")
+    expect(document.getRoleName() == "document frame", f"a {document.getRoleName()}")
+    headings = [(child.getRoleName(), child.description, child.name) for child in document]
+    for heading in (("heading", "Heading level 2", "5. All keys of the editor"),
+                    ("heading", "Heading level 3", "Without the colours")):
+        expect(heading in headings, f"{heading} is not among {headings}")
+    text = document.queryText()
+    expect("All keys of the editor\n" in text.getText(0, text.characterCount), "another text")
+
+
 def roles_and_states(program):
     expect(labelled(program, "Ticket number") == ["#"], "the number has no label")
     program.keys("Tab")
@@ -88,6 +99,8 @@ def roles_and_states(program):
         program.await_window(title)
         roles = [w.getRoleName() for w in program.shown_windows() if w.name == title]
         expect(roles == ["dialog"], f"{title!r} is no dialog")
+        if title == "Tutorial":
+            tutorial_headings(program)
         program.keys("Escape")
         program.await_window(MAIN_WINDOW)
 
