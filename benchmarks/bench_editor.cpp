@@ -137,10 +137,10 @@ void BenchKey(QtRichTextBox& ours) {
 void CompareKeys(const char* what, double allowed, QtRichTextBox& ours,
                  const std::function<void(bool)>& turn) {
     std::vector<double> times[2];  // without it, with it
-    for (int round = 0; round < 40; ++round) {
+    for (int round = 0; round < 200; ++round) {
         const bool with = round % 2 != 0;
         turn(with);
-        for (int press = -5; press < 15; ++press) {
+        for (int press = -3; press < 9; ++press) {
             const double time = Seconds([&] { PressX(ours.Get()); });
             if (press >= 0) {  // the window has settled
                 times[with ? 1 : 0].push_back(time);
