@@ -79,7 +79,6 @@ void Safekeeping::On(CommandEvent event) {
     for (const End& end : Ends) {
         if (end.event == event) {
             keeper_.EndWork(end.work, end.cause);
-            ticketIsKept_ = false;
         }
     }
     ticketIsKept_ = ticketIsKept_ && event != EditorChanged;

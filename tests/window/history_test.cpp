@@ -88,6 +88,7 @@ TEST_F(HistoryOfTheWindow, HoldsWhatEachCommandTookAway) {
         window.Get<Timer>("SafekeepingTimer").OnTimer();
         window.Get<Timer>("SafekeepingTimer").OnTimer();  // nothing new
         window.TypeTicket("!");
+        window.Get<Timer>("SafekeepingTimer").OnTimer();
         dialogs.Expect(SaveTicketQuestion, Answer::No);
         dialogs.Expect(SaveBlockQuestion, Answer::No);
         window.Choose("Exit");
@@ -97,7 +98,7 @@ TEST_F(HistoryOfTheWindow, HoldsWhatEachCommandTookAway) {
               "delete_.VRB: 301 300\n"
               "open_.VRT: onetwo\n"
               "save_Other.VRT: other\n"
-              "close_Other.VRT: moreagainother\n"
+              "working_Other.VRT: moreagainother\n"
               "close_.VRB: 300\n"
               "close_Other.VRT: moreagain!other\n");
 }
