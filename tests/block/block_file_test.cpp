@@ -83,6 +83,19 @@ TEST(Check, FindsFaultsInTheFile) {
     }
 }
 
+TEST(Check, FindsDigitsOfBothSizes) {
+    for (const char letter : std::string("ABCDEF")) {
+        std::string file = ":" + std::string(ImageLength - 1, '1') + "\r\n";
+        file[5] = letter;
+        const std::string alone = Joined(FaultsInBlockFile(file));
+        file[6] = static_cast<char>('a' + ('F' - letter));
+        const std::string mixed = Joined(FaultsInBlockFile(file));
+        const std::string fault = "It mixes capital and small hexadecimal digits.\n";
+        EXPECT_EQ(alone.find(fault), std::string::npos) << letter;
+        EXPECT_NE(mixed.find(fault), std::string::npos) << letter;
+    }
+}
+
 TEST(Check, LeavesRoomForTheKeys) {
     std::string memory = "08D4";
     while (memory.size() < 7980) {
