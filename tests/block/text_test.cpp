@@ -130,9 +130,9 @@ TEST(BlockContent, LeavesOutWhatIsInNoTicket) {
 TEST(BlockText, WritesOneLineForOnePrintedLine) {
     const BlockContent block{
         .tickets = {{.number = 640,
-                     .body = {'A', ' ', 0xE9, 0x80, 13,   10,    ' ',    '{',    '}',
-                              '|', '~', 13,   10,   13,   10,    0x2005, 0x27FF, 0x400C,
-                              27,  13,  0xAC, 0xA0, 0x81, 0x7FF, ' '}},
+                     .body = {'A',    ' ', 0xE9, 0x80, 13,   10,   ' ',   '{',    '}',
+                              '|',    '~', 0xFF, 13,   10,   13,   10,    0x2005, 0x27FF,
+                              0x400C, 27,  13,   0xAC, 0xA0, 0x81, 0x7FF, ' '}},
                     {.number = 212, .body = {13, 13, 10}},
                     {.number = 999, .body = {0xF8D4, 10}, .end = 0x1001}},
         .keys = {212, 640, 212, 0xF800}};
@@ -145,7 +145,7 @@ TEST(BlockText, WritesOneLineForOnePrintedLine) {
         "|{A13}¬\n"
         "ticket 640\n"
         "|A é€¬\n"
-        "| {A123}{A125}|~¬\n"
+        "| {A123}{A125}|~ÿ¬\n"
         "|¬\n"
         "|{C005 LINE FEED}{C2047}{P012}{A27}{A13}{A172}{A160}{A129}{A2047}{A32}\n"
         "ticket 999\n"
