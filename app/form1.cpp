@@ -190,11 +190,14 @@ void Form1::ConnectPreview() {
     Menu("ShowHistory").OnClick = [this] { history_.ShowHistory_Click(); };
 }
 
-// The keys go to what was opened.
+// The rest of an image is not added to a block that was opened. The keys go to what was opened.
 void Form1::OpenCopy(const Copy& copy, const std::string& bytes) {
     if (const Error error = files_.OpenCopy(copy, bytes)) {
         platform_.DialogBoxes().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
         return;
+    }
+    if (copy.kind == CopyKind::Block) {
+        upload_.Stop();
     }
     Control& opened = copy.kind == CopyKind::Ticket ? static_cast<Control&>(controls_.RichText)
                                                     : controls_.TicketList;

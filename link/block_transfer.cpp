@@ -29,12 +29,10 @@ int OutgoingBlock::Percent() const {
 }
 
 IncomingBlock::Step IncomingBlock::Take(std::string_view chunk, std::string& image) {
-    const std::size_t colon = chunk.find(':');
-    const bool begins = colon != std::string_view::npos;
-    if (begins) {
+    if (Begins(chunk)) {
         begun_ = true;
         image.clear();
-        chunk.remove_prefix(colon);
+        chunk.remove_prefix(chunk.find(':'));
     }
     const std::size_t before = image.size();
     if (before < ImageLength) {
@@ -42,7 +40,7 @@ IncomingBlock::Step IncomingBlock::Take(std::string_view chunk, std::string& ima
     }
     // Any character behind the image says that it is complete. It may come in the chunk that ends
     // the image, and nothing more may come after it.
-    return {begins, ProgressPercent(before), begun_ && before + chunk.size() > ImageLength};
+    return {ProgressPercent(before), begun_ && before + chunk.size() > ImageLength};
 }
 
 }  // namespace varno

@@ -45,10 +45,12 @@ class OutgoingBlock {
 class IncomingBlock {
   public:
     struct Step {
-        bool begins;    // an image: its ":" has arrived, what was collected before is forgotten
         int percent;    // collected before this chunk
         bool complete;  // the image of this upload, and a character behind it
     };
+
+    // An image: its ":" is in the chunk. What was collected before will be forgotten.
+    static bool Begins(std::string_view chunk) { return chunk.find(':') != std::string_view::npos; }
 
     // Adds the chunk to `image`, which may hold an older one until a ":" arrives, and which becomes
     // longer than an image by what the last chunk holds too much.

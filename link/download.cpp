@@ -14,11 +14,14 @@ void Download::Transmit_Click() {
         platform_.DialogBoxes().ShowMessage(*error, "", Buttons::Ok, Icon::Critical);
         return;
     }
-    SendBlock(block_.TicketBuffer, session,
+    const std::string sent = block_.TicketBuffer;
+    SendBlock(sent, session,
               {.ShowProgress = [this](int percent) { ShowProgress(percent); },
                .DoEvents = [this] { platform_.DoEvents(); }});
     if (session.IsCurrent()) {
-        announce_(CommandEvent::DownloadEnded);
+        if (!session.Failure() && sent == block_.TicketBuffer) {
+            announce_(CommandEvent::DownloadEnded);
+        }
         transfer_.EndTransfer();
     }
 }

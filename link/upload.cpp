@@ -30,15 +30,22 @@ void Upload::MSComm1_OnComm() {
     if (chunk.empty() || !session_.IsCurrent()) {
         return;
     }
-    const IncomingBlock::Step step = incoming_.Take(chunk, block_.TicketBuffer);
-    if (step.begins) {
+    if (IncomingBlock::Begins(chunk)) {
         BeginImage();
     }
+    const IncomingBlock::Step step = incoming_.Take(chunk, block_.TicketBuffer);
     controls_.Timer1.SetEnabled(false);
     controls_.Message.SetVisible(true);
     controls_.Message.SetCaption(ReceivingText(step.percent));
     if (step.complete) {
         Complete();
+    }
+}
+
+void Upload::Stop() {
+    if (session_.IsCurrent()) {
+        session_.End();
+        transfer_.EndTransfer();
     }
 }
 

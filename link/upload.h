@@ -32,6 +32,8 @@ class Upload {
     // Characters that belong to no upload, such as those that arrive during a download, are
     // dropped.
     void MSComm1_OnComm();
+    // Ends the upload, if one is under way: what still comes is not taken.
+    void Stop();
 
   private:
     void BeginImage();

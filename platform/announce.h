@@ -8,11 +8,11 @@ namespace varno {
 
 enum class CommandEvent {
     UploadStarted,  // the port is open, the indicator may send
-    ImageBegins,    // of an upload: the list has been emptied, the editor will be
+    ImageBegins,    // of an upload: the list has been emptied, block and editor will be
     UploadEnded,    // the image is complete, the list shows it
     TransferEnded,
     DownloadStarted,  // confirmed, the port not open yet
-    DownloadEnded,    // the line has taken the whole block
+    DownloadEnded,    // the line has taken the whole block, and it is still the open one
     VarnoMenuOpens,
     FileMenuOpens,
     BlockOpened,

@@ -116,7 +116,7 @@ std::string IndicatorLine::Receive() {
 
 void IndicatorLine::Take(const std::string& chunk) {
     const IncomingBlock::Step step = incoming_.Take(chunk, image_);
-    begun_ = begun_ || step.begins;
+    begun_ = begun_ || IncomingBlock::Begins(chunk);
     complete_ = step.complete;
     lastMoved_ = Clock::now();
     if (begun_) {

@@ -181,13 +181,29 @@ TEST_F(WindowOfTheHistory, HoldsTheBlockBeforeAndAfterATransfer) {
         {"Items in ticket block will be lost.", "Warning", Buttons::OkCancel, Icon::Critical},
         Answer::Ok);
     window.Click("UploadButton");
+    window.TypeTicket("late");  // while the indicator is awaited
+    window.Put("302");
     window.platform.line->Arrive("#" + Block({205}));
     EXPECT_EQ(window.Rows(), "205");
     const std::string all =
-        "download-COM1_Opened.VRB: 301 300\n"
-        "downloaded-COM1_Opened.VRB: 300\n"
+        "download-COM1_Opened.VRB: 301 300\n"  // what the line took is not what is open
+        "upload-COM1_Opened.VRB: 302 300\n"
+        "upload_.VRT: late\n"
         "uploaded-COM1_Opened.VRB: 205\n";
     EXPECT_TRUE(QTest::qWaitFor([&] { return Kept() == all; })) << Kept();
+}
+
+TEST_F(WindowOfTheHistory, OpensACopyInPlaceOfTheRestOfAnUpload) {
+    Keep("20260101T000000000Z_delete_Plant.VRB", Block({300, 301}));
+    window.Start();
+    window.Click("UploadButton");
+    window.platform.line->Arrive(Block({205}).substr(0, 4000));
+    Open();
+    Press("OpenButton");
+    EXPECT_EQ(window.Rows(), "300|301");
+    EXPECT_FALSE(window.platform.line->PortOpen());
+    window.platform.line->Arrive(Block({205}).substr(4000));
+    EXPECT_EQ(window.Rows(), "300|301");
 }
 
 TEST_F(WindowOfTheHistory, TellsOfEachCopyAndFindsIt) {
