@@ -184,7 +184,10 @@ void QtRichTextBox::ShowNote(const std::string& text) {
     const QPoint below = widget_->cursorRect(front).bottomLeft();
     const QPoint place(std::clamp(below.x(), 0, paper->width()),
                        std::clamp(below.y(), 0, paper->height()));
-    QToolTip::showText(paper->mapToGlobal(place), "<p>" + varno::ToQt(text).toHtmlEscaped(), paper);
+    QString note = "<p>" + varno::ToQt(text).toHtmlEscaped();
+    // The same text would be the old note to Qt: left where it is, and hidden as the caret moved.
+    note += QToolTip::text() == note ? " " : "";
+    QToolTip::showText(paper->mapToGlobal(place), note, paper);
 }
 
 void QtRichTextBox::AsOneStep(const std::function<void()>& change) {

@@ -272,6 +272,13 @@ TEST_F(PreviewTest, TellsWhereTheCaretIs) {
         QTest::keyClick(editor, row.length > 0 ? Qt::Key_Escape : Qt::Key_Right);
         EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); })) << row.note;
     }
+    // The same note at a new place is another one, and stays.
+    for (const int caret : {9, 10}) {
+        text.SetSelStart(caret);
+        QTest::keyClick(editor, Qt::Key_F2);
+    }
+    QTest::qWait(500);
+    EXPECT_TRUE(QToolTip::isVisible());
     // On the paper as it was last shown.
     OpenPreview();
     preview->findChild<QComboBox*>("PaperWidth")->setCurrentIndex(1);
