@@ -195,14 +195,15 @@ void Compare(const Request& request, const OpenedCopy& opened) {
     }
 }
 
-// Keeps what the file holds that is about to be replaced, or refuses.
-void KeepReplaced(const Request& request, const std::string& path) {
+// Keeps what the file holds that is about to be replaced, or refuses. It is what replaces it, as
+// for the window: a damaged block need not look like one.
+void KeepReplaced(const Request& request, const std::string& path, CopyKind kind) {
     const std::string content = WholeText(path);
     const Copy copy = {
         .time = std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now()),
         .cause = Cause::Save,
         .name = fs::path(path).stem().string(),
-        .kind = content.starts_with(':') ? CopyKind::Block : CopyKind::Ticket};
+        .kind = kind};
     if (const Error error = HistoryFor(request).Keep(copy, content)) {
         throw Refusal(Ending::CouldNot,
                       path + " is not replaced: what it holds cannot be kept. " + *error);
@@ -248,7 +249,7 @@ void HistoryRestore(const Request& request) {
         Require(lock.Take(path));
         RequireNew(request, path);
         if (fs::is_regular_file(path)) {
-            KeepReplaced(request, path);
+            KeepReplaced(request, path, opened.copy.kind);
         }
     }
     Deliver(path, opened.content);

@@ -276,6 +276,9 @@ cmp empty.VRB before.VRB || failed=1
 expect 0 "" history restore --force 20211123T07 empty.VRB
 cmp empty.VRB clean.VRB || failed=1
 expect 0 "" history show latest before.VRB
+tr : ';' <clean.VRB >hurt.VRB
+expect 0 "" history restore --force 20211123T07 hurt.VRB
+[[ $("$tool" history list hurt) == *' block hurt '* ]] || failed=1
 expect 1 "$(head -c 4000 clean.VRB)varno-tickets: -: written, but the copy is damaged" history restore 20211123T22 -
 expect 3 "varno-tickets: AB.VRT: Not a directory" history list --backup=AB.VRT
 
