@@ -393,35 +393,5 @@ TEST_F(Pickers, InsertACodeOnALineOfItsOwn) {
     }
 }
 
-// However an entry or a row is chosen, once or once more, the program hears of it once.
-TEST(Choice, IsHeardOnce) {
-    QtWindow codes(ControlCodesList(), nullptr);
-    QtWindow numbers(AsciiCodesList(), nullptr);
-    int heard = 0;
-    auto& combo = codes.Get<SimpleCombo>("CodeComboBox");
-    combo.AddItems(std::vector<std::string>{"001", "002", "003"});
-    combo.OnClick = [&] { ++heard; };
-    auto& box = numbers.Get<ListBox>("List1");
-    for (const char* row : {"0", "1", "2"}) {
-        box.AddItem(row);
-    }
-    box.OnClick = [&] { ++heard; };
-    for (QtWindow* window : {&codes, &numbers}) {
-        window->Show();
-        auto* list = window->Widget()->findChild<RowList*>();
-        const std::function<void()> choices[] = {
-            [&] { ClickRow(list, 1); },
-            [&] { ClickRow(list, 1); },
-            [&] { QTest::keyClick(list, Qt::Key_Down); },
-            [&] { ClickRow(list, 0); },
-        };
-        for (const auto& choose : choices) {
-            heard = 0;
-            choose();
-            EXPECT_EQ(heard, 1) << &choose - choices;
-        }
-    }
-}
-
 }  // namespace
 }  // namespace varno
