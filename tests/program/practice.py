@@ -32,9 +32,16 @@ class Joined(Program):
 
 
 def is_alive(pid):
+    """A killed program holds its files until the last of its threads has ended, not only the first."""
+    def runs(thread):
+        try:
+            with open(f"/proc/{pid}/task/{thread}/stat", encoding="ascii") as stat:
+                return stat.read().rsplit(")", 1)[1].split()[0] not in "ZX"
+        except OSError:
+            return False
+
     try:
-        with open(f"/proc/{pid}/stat", encoding="ascii") as stat:
-            return stat.read().rsplit(")", 1)[1].split()[0] != "Z"
+        return any(map(runs, os.listdir(f"/proc/{pid}/task")))
     except OSError:
         return False
 
