@@ -65,8 +65,11 @@ class Program:
     # Windows and keys
 
     def await_window(self, title):
+        """Until the display and the program both take it for the active one: keys need the two."""
         wait_for(lambda: title in self.windows(), f"window {title!r}")
-        wait_for(lambda: xdotool("getactivewindow", "getwindowname") == title, f"{title!r} active")
+        wait_for(lambda: xdotool("getactivewindow", "getwindowname") == title, f"{title!r} in front")
+        wait_for(lambda: any(w.name == title and w.getState().contains(pyatspi.STATE_ACTIVE)
+                             for w in self.shown_windows()), f"{title!r} active")
 
     def windows(self):
         return [window.name for window in self.shown_windows()]
