@@ -7,6 +7,8 @@
 #include <QScrollBar>
 #include <QTextBlock>
 
+#include "platform/qt/accessibility_bridge.h"
+
 namespace varno {
 namespace {
 
@@ -36,10 +38,9 @@ class HeadingAccessible final : public QAccessibleInterface {
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface* /*child*/) const override { return -1; }
     QString text(QAccessible::Text which) const override {
-        const int level = block_.blockFormat().headingLevel();
-        return which == QAccessible::Name          ? block_.text()
-               : which == QAccessible::Description ? QStringLiteral("Heading level %1").arg(level)
-                                                   : QString();
+        return which == QAccessible::Name ? block_.text()
+               : which == HeadingLevel    ? QString::number(block_.blockFormat().headingLevel())
+                                          : QString();
     }
     void setText(QAccessible::Text /*which*/, const QString& /*text*/) override {}
     QRect rect() const override {

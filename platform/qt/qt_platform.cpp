@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QUrl>
 
+#include "platform/qt/accessibility_bridge.h"
 #include "platform/qt/measures.h"
 #include "platform/qt/qt_window.h"
 #include "platform/qt/serial/serial_port_adapter.h"
@@ -67,6 +68,7 @@ void PrepareApplication() {
         icon.addFile(QStringLiteral(":/icons/%1.png").arg(size));
     }
     QGuiApplication::setWindowIcon(icon);
+    CompleteAccessibilityBridge();
 }
 
 ProgramInfo ThisProgram() {

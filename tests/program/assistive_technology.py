@@ -70,9 +70,9 @@ def focused_rows(program):
 def tutorial_headings(program):
     document = program.find("Tutorial document")
     expect(document.getRoleName() == "document frame", f"a {document.getRoleName()}")
-    headings = [(child.getRoleName(), child.description, child.name) for child in document]
-    for heading in (("heading", "Heading level 2", "5. All keys of the editor"),
-                    ("heading", "Heading level 3", "Without the colours")):
+    headings = [(child.getRoleName(), child.getAttributes(), child.name) for child in document]
+    for heading in (("heading", ["level:2"], "5. All keys of the editor"),
+                    ("heading", ["level:3"], "Without the colours")):
         expect(heading in headings, f"{heading} is not among {headings}")
     text = document.queryText()
     expect("All keys of the editor\n" in text.getText(0, text.characterCount), "another text")
@@ -89,6 +89,8 @@ def roles_and_states(program):
     program.keys("Down", "p")
     program.await_rows(["212  P"])
     wait_for(lambda: program.has_state("Print", pyatspi.STATE_CHECKED), "the key pressed")
+    roles = [program.find(key).getRoleName() for key in ("Print", "Start", "In", "Out")]
+    expect(roles == ["toggle button"] * 4, f"the keys are {roles}")
     expect(not program.has_state("Start", pyatspi.STATE_CHECKED), "another key is pressed")
     expect(focused_rows(program) == ["212  P"], "the row has not the focus")
     program.keys("shift+Tab")
