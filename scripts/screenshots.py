@@ -136,7 +136,6 @@ class Photographer:
         wait_for(lambda: len(self.program.text("Line")) > 8000, "what the indicator sends")
         self.shoot("terminal", tutorial=True)
 
-
     def picture_the_history(self):
         """After a deletion, which it takes back."""
         self.click("212 P")
@@ -147,6 +146,8 @@ class Photographer:
         self.program.keys("alt+o")
         self.program.await_message("Save the current ticket block?")
         self.show(MAIN_WINDOW, "alt+n")
+        self.show("History", "F6")
+        self.close()  # it stands in front of the main window
 
 
 def move_in(home, theme):
