@@ -5,25 +5,22 @@
 
 namespace varno {
 
-void CopyRows::SetCopies(std::vector<Copy> copies, CopyTime started) {
-    const auto isLost = [started](const Copy& copy) {
-        return copy.cause == Cause::Unsaved && copy.time < started;
-    };
-    const auto firstOther = std::stable_partition(copies.begin(), copies.end(), isLost);
-    const auto lostCount = static_cast<std::size_t>(firstOther - copies.begin());
+void CopyRows::ReadCopies(const History& history, CopyTime started) {
     std::map<std::string, CopyFindings> known = std::exchange(known_, {});
     rows_.clear();
     shown_.clear();
-    for (Copy& copy : copies) {
-        CopyHeading heading = HeadingOf(copy);
-        if (rows_.size() < lostCount) {
-            heading.what = "Never saved: program not closed";
+    for (Copy& copy : history.Copies()) {
+        std::optional<bool> isInWork = history.IsInWork(copy);
+        if (!isInWork && copy.cause == Cause::Unsaved && copy.time < started) {
+            isInWork = false;
         }
+        CopyHeading heading = HeadingOf(copy, isInWork);
         auto learned = known.extract(FileNameOf(copy));
         const CopyFindings* findings =
             learned.empty() ? nullptr : &known_.insert(std::move(learned)).position->second;
-        rows_.push_back({std::move(copy), std::move(heading), findings});
+        rows_.push_back({std::move(copy), std::move(heading), findings, !isInWork.value_or(true)});
     }
+    std::stable_partition(rows_.begin(), rows_.end(), [](const Row& row) { return row.isLost; });
     next_ = 0;
 }
 

@@ -16,10 +16,10 @@ enum class CopyColumn { When, What, Kind, Name, Tickets, Soundness };
 
 class CopyRows {
   public:
-    // Lost work comes first: unsaved copies from before `started` that nothing has ended. Those of
-    // another program that still runs are among them. The rest is newest first. What was learned of
-    // a copy stays known.
-    void SetCopies(std::vector<Copy> copies, CopyTime started);
+    // Lost work comes first: unsaved copies that no running program has in work or, where nobody
+    // can tell, from before `started`. The rest is newest first. What was learned of a copy stays
+    // known.
+    void ReadCopies(const History& history, CopyTime started);
 
     // Shows the rows that hold every word of the filter, in whatever column; true if they are
     // others than before. Columns that are not known yet hold nothing.
@@ -41,6 +41,7 @@ class CopyRows {
         Copy copy;
         CopyHeading heading;
         const CopyFindings* findings;  // null until they are known
+        bool isLost;
     };
     static std::string TextOf(const Row& row, CopyColumn column);
     static bool Matches(const Row& row, const std::string& filter);

@@ -31,6 +31,13 @@ std::string PortPhrase(const Copy& copy) {
     return copy.port.empty() ? "" : (isUpload ? " from " : " to ") + copy.port;
 }
 
+std::string WhatHappened(const Copy& copy, std::optional<bool> isInWork) {
+    if (isInWork) {
+        return *isInWork ? "Not saved: program still open" : "Never saved: program not closed";
+    }
+    return std::string(CauseText(copy.cause)) + PortPhrase(copy);
+}
+
 CopyFindings BlockFindings(const std::string& image) {
     std::vector<int> tickets = TicketBlock{.TicketBuffer = image}.Tickets();
     std::sort(tickets.begin(), tickets.end());
@@ -53,9 +60,9 @@ std::string Lower(std::string_view text) {
 
 }  // namespace
 
-CopyHeading HeadingOf(const Copy& copy) {
+CopyHeading HeadingOf(const Copy& copy, std::optional<bool> isInWork) {
     return {.when = LocalTime(copy.time),
-            .what = std::string(CauseText(copy.cause)) + PortPhrase(copy),
+            .what = WhatHappened(copy, isInWork),
             .kind = copy.kind == CopyKind::Block ? "block" : "ticket",
             .name = copy.name};
 }

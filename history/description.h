@@ -1,6 +1,7 @@
 // What an operator reads of a copy, in the window and on the command line.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,13 +13,13 @@ namespace varno {
 // What the name of its file tells: cheap, for thousands of copies.
 struct CopyHeading {
     std::string when;  // "2026-11-23 08:38:49", as clocks show it here
-    std::string what;  // "After an upload from COM3"
+    std::string what;  // "After an upload from COM3"; of unsaved work also what became of it
     std::string kind;  // "block" or "ticket"
     std::string name;  // may be empty
 };
 
 // Not for several threads at once.
-CopyHeading HeadingOf(const Copy& copy);
+CopyHeading HeadingOf(const Copy& copy, std::optional<bool> isInWork = {});
 
 // What takes its content: for copies that are looked at.
 struct CopyFindings {

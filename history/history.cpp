@@ -67,6 +67,21 @@ bool History::Holds(const Copy& copy, std::string_view content) const {
     return FileBytes(PathOf(copy)) == content.size() && !Read(copy, bytes) && bytes == content;
 }
 
+// The newest of the same name; of unsaved work the one that this program took, whatever others keep
+// under that name.
+std::vector<Copy>::const_iterator History::Former(const std::vector<Copy>& copies,
+                                                  const Copy& copy) const {
+    const auto newest = [&](auto&& isMeant) {
+        return std::find_if(copies.begin(), copies.end(), [&](const Copy& other) {
+            return IsOfSame(other, copy) && other.time <= copy.time + Tomorrow && isMeant(other);
+        });
+    };
+    const auto own = copy.cause == Cause::Unsaved
+                         ? newest([this](const Copy& other) { return IsTaken(other); })
+                         : copies.end();
+    return own != copies.end() ? own : newest([](const Copy&) { return true; });
+}
+
 Error History::Keep(Copy copy, std::string_view content, Copy* kept) {
     if (folder_.empty()) {
         return "There is no home folder to keep copies in.";
@@ -76,11 +91,9 @@ Error History::Keep(Copy copy, std::string_view content, Copy* kept) {
     }
     copy = CopyOfName(FileNameOf(copy)).value_or(copy);  // with the name as it can be kept
     std::vector<Copy> copies = Copies();
-    const auto newest = std::find_if(copies.begin(), copies.end(), [&copy](const Copy& other) {
-        return IsOfSame(other, copy) && other.time <= copy.time + Tomorrow;
-    });
-    const bool isKept =
-        newest != copies.end() && SpeaksFor(newest->cause, copy.cause) && Holds(*newest, content);
+    const auto newest = Former(copies, copy);
+    const bool isKept = newest != copies.end() && SpeaksFor(newest->cause, copy.cause) &&
+                        Holds(*newest, content) && (copy.cause != Cause::Unsaved || Take(*newest));
     Error error;
     if (isKept) {
         copy = *newest;
@@ -101,22 +114,46 @@ Error History::Keep(Copy copy, std::string_view content, Copy* kept) {
 }
 
 // At its time, or so much later as others are in its place.
-Error History::Write(Copy& copy, std::string_view content) const {
+Error History::Write(Copy& copy, std::string_view content) {
     Error error;
+    FileClaim claim;
     for (int attempt = 0; attempt < MostAttempts; ++attempt) {
         while (FileExists(PathOf(copy))) {
             copy.time += std::chrono::milliseconds(1);
         }
-        error = WriteNewFile(PathOf(copy), content);
+        error =
+            WriteNewFile(PathOf(copy), content, copy.cause == Cause::Unsaved ? &claim : nullptr);
         if (!error || !FileExists(PathOf(copy))) {
             break;
         }
     }
+    if (!error && claim) {
+        taken_.insert_or_assign(FileNameOf(copy), std::move(claim));
+    }
+    return error;
+}
+
+bool History::Take(const Copy& copy) {
+    if (!IsTaken(copy)) {
+        if (FileClaim claim = ClaimFile(PathOf(copy))) {
+            taken_.emplace(FileNameOf(copy), std::move(claim));
+        }
+    }
+    return IsTaken(copy);
+}
+
+std::optional<bool> History::IsInWork(const Copy& copy) const {
+    return copy.cause == Cause::Unsaved ? IsFileClaimed(PathOf(copy)) : std::nullopt;
+}
+
+Error History::Relabel(const Copy& copy, Cause cause) {
+    Error error = WriteAs(copy, cause);
+    taken_.erase(FileNameOf(copy));
     return error;
 }
 
 // The new one first: whatever happens between, the content is there.
-Error History::Relabel(const Copy& copy, Cause cause) const {
+Error History::WriteAs(const Copy& copy, Cause cause) {
     if (!FileExists(PathOf(copy))) {
         return std::nullopt;
     }
@@ -147,7 +184,7 @@ void History::Prune(std::vector<Copy> copies, CopyTime now) {
         const bool isNewest = seen.emplace(copy.kind, copy.name).second;
         const bool isTooMuch = bytes + size > limits_.bytes - Slack();
         const bool isTooOld = copy.time >= FirstTime && now - copy.time > limits_.age;
-        if (!isNewest && (isTooMuch || isTooOld)) {
+        if (!isNewest && (isTooMuch || isTooOld) && !IsInWork(copy).value_or(false)) {
             (void)RemoveFile(PathOf(copy));
         } else {
             bytes += size;

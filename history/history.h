@@ -4,12 +4,15 @@
 
 #include <cstdint>
 #include <limits>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "history/copy.h"
 #include "platform/error.h"
+#include "platform/files.h"
 
 namespace varno {
 
@@ -33,16 +36,29 @@ class History {
     [[nodiscard]] Error Read(const Copy& copy, std::string& content) const;
 
     // Makes a copy, unless the newest one of that name holds the same. Unsaved work is kept beside
-    // one that holds the same for another cause, so that it is known as such. Then the oldest
-    // copies go until the limits are kept. `kept` becomes the copy that holds the content.
+    // one that holds the same for another cause, so that it is known as such, or for a program that
+    // still runs; its copy is taken. Then the oldest copies go until the limits are kept. `kept`
+    // becomes the copy that holds the content.
     [[nodiscard]] Error Keep(Copy copy, std::string_view content, Copy* kept = nullptr);
 
-    // Gives a copy another cause, if it is still there.
-    [[nodiscard]] Error Relabel(const Copy& copy, Cause cause) const;
+    // Works on unsaved work from now on, until it is relabelled; false if it is gone, or in work
+    // elsewhere.
+    bool Take(const Copy& copy);
+
+    // Whether a running program, this one included, has this unsaved work; nothing where nobody can
+    // tell, and for copies of other causes.
+    std::optional<bool> IsInWork(const Copy& copy) const;
+
+    // Gives a copy another cause, if it is still there, and lets go of it.
+    [[nodiscard]] Error Relabel(const Copy& copy, Cause cause);
 
   private:
     bool Holds(const Copy& copy, std::string_view content) const;
-    Error Write(Copy& copy, std::string_view content) const;
+    Error Write(Copy& copy, std::string_view content);
+    Error WriteAs(const Copy& copy, Cause cause);
+    std::vector<Copy>::const_iterator Former(const std::vector<Copy>& copies,
+                                             const Copy& copy) const;
+    bool IsTaken(const Copy& copy) const { return taken_.contains(FileNameOf(copy)); }
     void Prune(std::vector<Copy> copies, CopyTime now);
     // What may come before all sizes are looked at again, which costs more than a copy.
     std::uintmax_t Slack() const { return limits_.bytes / 100; }
@@ -50,6 +66,7 @@ class History {
 
     std::string folder_;
     HistoryLimits limits_;
+    std::map<std::string, FileClaim> taken_;  // by the names of the files
     std::uintmax_t unseen_ = std::numeric_limits<std::uintmax_t>::max() / 2;  // bytes kept since
 };
 

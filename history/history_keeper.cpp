@@ -44,7 +44,11 @@ void HistoryKeeper::EndWork(CopyKind kind, Cause cause) {
 }
 
 void HistoryKeeper::Resume(const Copy& copy) {
-    Add([this, copy] { unsaved_.insert_or_assign(copy.kind, copy); });
+    Add([this, copy] {
+        if (history_.Take(copy)) {
+            unsaved_.insert_or_assign(copy.kind, copy);
+        }
+    });
 }
 
 bool HistoryKeeper::IsBusy() {

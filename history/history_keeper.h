@@ -30,7 +30,7 @@ class HistoryKeeper {
     // The unsaved work of this kind is saved or let go: no copy of it counts as lost work.
     void EndWork(CopyKind kind, Cause cause);
 
-    // An unsaved copy is worked on again: it is this program's now.
+    // An unsaved copy is worked on again: it is this program's now, unless another one has it.
     void Resume(const Copy& copy);
 
     // Whether something given so far is not kept yet.

@@ -139,7 +139,7 @@ void HistoryWindow::ReadCopies() {
     if (areCopiesStale_) {
         UpdateSoon();
     }
-    rows_.SetCopies(history_.Copies(), started_);
+    rows_.ReadCopies(history_, started_);
     rows_.Filter(window_->Get<TextBox>("Find").Text());
     ShowRows();
     window_->Get<Timer>("LearnTimer").SetEnabled(true);

@@ -66,7 +66,7 @@ class HistoryWindow {
     Platform& platform_;
     OpenWork work_;
     History history_;
-    CopyTime started_;                // of the program: unsaved copies from before it are lost work
+    CopyTime started_;                // of the program
     std::unique_ptr<Window> window_;  // null until first shown
     Table* copies_ = nullptr;
     Table* differences_ = nullptr;

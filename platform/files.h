@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,9 +37,22 @@ namespace varno {
 // behind in the folder goes when the file is saved the next time.
 [[nodiscard]] Error WriteFile(const std::string& path, std::string_view bytes);
 
-// Makes a new file, readable for its user alone, whole or not at all. Refused where there is a file
-// of that name.
-[[nodiscard]] Error WriteNewFile(const std::string& path, std::string_view bytes);
+// Tells other programs that a running one has a file in work. It ends with its object, or with its
+// program, however that ends. Null: there is none.
+using FileClaim = std::shared_ptr<void>;
+
+// Null where another has the claim, or there is no such file. A disk that knows no claims gives one
+// that nobody sees.
+FileClaim ClaimFile(const std::string& path);
+
+// Whether a running program, this one included, has a claim on the file; nothing where nobody can
+// tell.
+std::optional<bool> IsFileClaimed(const std::string& path);
+
+// Makes a new file, readable for its user alone, whole or not at all, and claimed from its first
+// moment if a claim is asked for. Refused where there is a file of that name.
+[[nodiscard]] Error WriteNewFile(const std::string& path, std::string_view bytes,
+                                 FileClaim* claim = nullptr);
 
 // Makes the folder for its user alone, and those that it lies in as the user's mask says.
 [[nodiscard]] Error MakeFolder(const std::string& path);

@@ -14,6 +14,7 @@
 #include <optional>
 #include <system_error>
 
+#include "platform/file_claim_posix.h"
 #include "platform/file_identity_posix.h"
 #include "platform/file_place_posix.h"
 #include "platform/folder_posix.h"
@@ -289,7 +290,7 @@ Error WriteFile(const std::string& path, std::string_view bytes) {
                                             : WriteStraight(path, *file, bytes);
 }
 
-Error WriteNewFile(const std::string& path, std::string_view bytes) {
+Error WriteNewFile(const std::string& path, std::string_view bytes, FileClaim* claim) {
     FilePlace place;
     if (Error error = FindPlace(path, place)) {
         return error;
@@ -298,6 +299,9 @@ Error WriteNewFile(const std::string& path, std::string_view bytes) {
     if (!file.IsOpen() || !WriteAt(file.Handle(), bytes, 0) || ::fsync(file.Handle()) != 0 ||
         !file.MoveToNew(place.name)) {
         return Failure(path, Reason(errno));
+    }
+    if (claim != nullptr) {
+        *claim = ClaimBy(file.LockedHandle());
     }
     return Finish(place, NewFilePrefix);
 }

@@ -85,7 +85,7 @@ Error WriteFile(const std::string& path, std::string_view bytes) {
     return failure;
 }
 
-Error WriteNewFile(const std::string& path, std::string_view bytes) {
+Error WriteNewFile(const std::string& path, std::string_view bytes, FileClaim* claim) {
     const fs::path target = ToPath(path);
     const fs::path temporary =
         target.parent_path() / (".varno-new-" + std::to_string(::_getpid()) + ".tmp");
@@ -94,7 +94,29 @@ Error WriteNewFile(const std::string& path, std::string_view bytes) {
     if (!written) {
         ::_wremove(temporary.c_str());
     }
+    if (written && claim != nullptr) {
+        *claim = ClaimFile(path);
+    }
     return written ? std::nullopt : Failure(path, errno);
+}
+
+// Others may read and remove the file, but nobody else gets it for writing.
+FileClaim ClaimFile(const std::string& path) {
+    const HANDLE file = ::CreateFileW(ToPath(path).c_str(), GENERIC_READ | GENERIC_WRITE,
+                                      FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    return file == INVALID_HANDLE_VALUE ? nullptr : FileClaim(file, &::CloseHandle);
+}
+
+std::optional<bool> IsFileClaimed(const std::string& path) {
+    const HANDLE file = ::CreateFileW(ToPath(path).c_str(), GENERIC_WRITE,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file != INVALID_HANDLE_VALUE) {
+        ::CloseHandle(file);
+        return false;
+    }
+    return ::GetLastError() == ERROR_SHARING_VIOLATION ? std::optional(true) : std::nullopt;
 }
 
 std::vector<std::string> FilesIn(const std::string& folder) {

@@ -31,12 +31,12 @@ bool TakeLock(int file) {
     return ::flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
+}  // namespace
+
 bool HasName(int file) {
     struct stat status {};
     return ::fstat(file, &status) == 0 && status.st_nlink > 0;
 }
-
-}  // namespace
 
 TemporaryFile::TemporaryFile(int folder, const std::string& prefix, mode_t rights)
     : folder_(folder) {
@@ -55,6 +55,10 @@ TemporaryFile::~TemporaryFile() {
     if (file_ && !name_.empty()) {
         ::unlinkat(folder_, name_.c_str(), 0);
     }
+}
+
+Descriptor TemporaryFile::LockedHandle() const {
+    return Descriptor(::fcntl(*file_, F_DUPFD_CLOEXEC, 0));
 }
 
 bool TemporaryFile::MoveTo(const std::string& name) {

@@ -23,6 +23,8 @@ class TemporaryFile {
 
     bool IsOpen() const { return static_cast<bool>(file_); }
     int Handle() const { return *file_; }
+    // Keeps the lock when the object has gone.
+    Descriptor LockedHandle() const;
     const std::string& Name() const { return name_; }
 
     bool MoveTo(const std::string& name);     // in the same folder, over what is there
@@ -34,6 +36,9 @@ class TemporaryFile {
     std::string name_;  // empty when it is not to be removed
     Descriptor file_;
 };
+
+// Whether the open file has not been removed.
+bool HasName(int file);
 
 // Removes the files of that prefix which no living program has.
 void RemoveLeftovers(int folder, const std::string& prefix);

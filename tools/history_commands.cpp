@@ -50,16 +50,22 @@ std::string KindAndName(const CopyHeading& heading) {
     return heading.kind + (heading.name.empty() ? "" : " " + heading.name);
 }
 
-std::string TextOf(const Copy& copy) {
-    const CopyHeading heading = HeadingOf(copy);
+CopyHeading HeadingOf(const History& history, const Copy& copy) {
+    return HeadingOf(copy, history.IsInWork(copy));
+}
+
+std::string TextOf(const History& history, const Copy& copy) {
+    const CopyHeading heading = HeadingOf(history, copy);
     return FileNameOf(copy) + " " + heading.when + " " + KindAndName(heading) + " " + heading.what;
 }
 
 // Copies in which every word of the request stands.
 std::vector<Copy> WantedCopies(const Request& request) {
     std::vector<Copy> copies = CopiesFor(request);
+    const History history = HistoryFor(request);
     for (const std::string& words : request.operands) {
-        std::erase_if(copies, [&](const Copy& copy) { return !Matches(TextOf(copy), words); });
+        std::erase_if(copies,
+                      [&](const Copy& copy) { return !Matches(TextOf(history, copy), words); });
     }
     return copies;
 }
@@ -92,7 +98,7 @@ void TellPeople(const History& history, const std::vector<Copy>& copies) {
     std::vector<std::array<std::string, columns>> rows;
     std::array<std::size_t, columns> widths{};
     for (std::size_t i = 0; i < copies.size(); ++i) {
-        const CopyHeading heading = HeadingOf(copies[i]);
+        const CopyHeading heading = HeadingOf(history, copies[i]);
         rows.push_back({HandleOf(copies, i), heading.when, KindAndName(heading), heading.what});
         for (std::size_t column = 0; column < columns; ++column) {
             widths[column] = std::max(widths[column], FromUtf8(rows[i][column]).size());
@@ -106,8 +112,7 @@ void TellPeople(const History& history, const std::vector<Copy>& copies) {
     }
 }
 
-JsonObject ObjectOf(const Copy& copy, const CopyFindings& findings) {
-    const CopyHeading heading = HeadingOf(copy);
+JsonObject ObjectOf(const Copy& copy, const CopyHeading& heading, const CopyFindings& findings) {
     return JsonObject()
         .Add("copy", FileNameOf(copy))
         .Add("when", heading.when)
@@ -121,8 +126,9 @@ JsonObject ObjectOf(const Copy& copy, const CopyFindings& findings) {
 
 void TellScripts(const History& history, const std::vector<Copy>& copies) {
     std::vector<JsonObject> objects(copies.size());
-    std::transform(copies.begin(), copies.end(), objects.begin(),
-                   [&](const Copy& copy) { return ObjectOf(copy, FindingsOf(history, copy)); });
+    std::transform(copies.begin(), copies.end(), objects.begin(), [&](const Copy& copy) {
+        return ObjectOf(copy, HeadingOf(history, copy), FindingsOf(history, copy));
+    });
     std::cout << JsonObject().Add("copies", objects).Text() << '\n';
 }
 
@@ -154,19 +160,22 @@ Copy CopyMeantBy(const Request& request, const std::string& text) {
 
 struct OpenedCopy {
     Copy copy;
+    CopyHeading heading;
     std::string content;
     CopyFindings findings;
 };
 
 OpenedCopy Opened(const Request& request) {
-    OpenedCopy opened{CopyMeantBy(request, request.operands[0]), {}, {}};
-    Require(HistoryFor(request).Read(opened.copy, opened.content));
+    const History history = HistoryFor(request);
+    OpenedCopy opened{CopyMeantBy(request, request.operands[0]), {}, {}, {}};
+    opened.heading = HeadingOf(history, opened.copy);
+    Require(history.Read(opened.copy, opened.content));
     opened.findings = FindingsIn(opened.copy.kind, opened.content);
     return opened;
 }
 
 void TellPeople(const OpenedCopy& opened) {
-    const CopyHeading heading = HeadingOf(opened.copy);
+    const CopyHeading& heading = opened.heading;
     std::cout << KindAndName(heading) << "\n" << heading.when << "\n" << heading.what << "\n";
     if (opened.copy.kind == CopyKind::Block) {
         std::cout << "tickets: " << TicketsText(opened.copy.kind, opened.findings) << "\n";
@@ -227,7 +236,7 @@ void HistoryShow(const Request& request) {
     const OpenedCopy opened = Opened(request);
     const bool isSound = opened.findings.faults.empty();
     if (request.operands.size() == 1 && request.json) {
-        std::cout << ObjectOf(opened.copy, opened.findings).Text() << '\n';
+        std::cout << ObjectOf(opened.copy, opened.heading, opened.findings).Text() << '\n';
     } else if (request.operands.size() == 1 || !isSound) {
         TellPeople(opened);
     }

@@ -47,6 +47,15 @@ class HistoryTest : public testing::Test {
         }
         return shown;
     }
+    // Oldest first: of each file name what follows the time.
+    std::string Causes() const {
+        std::string shown;
+        for (const Copy& copy : Open().Copies()) {
+            const std::string name = FileNameOf(copy);
+            shown.insert(0, name.substr(name.find('_') + 1) + " ");
+        }
+        return shown;
+    }
 
     fs::path place_;
 };
@@ -58,6 +67,10 @@ bool Await(Condition condition) {
         std::this_thread::yield();
     }
     return condition();
+}
+
+auto OpenFiles() {
+    return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
 }
 
 TEST_F(HistoryTest, FileNamesTellAll) {
@@ -139,23 +152,27 @@ TEST_F(HistoryTest, KeepsEachContentOnceAndPrivately) {
 
 TEST_F(HistoryTest, RemovesTheOldestButNeverTheLastOfAName) {
     History history = Open({.age = std::chrono::days(10), .bytes = 10});
-    ASSERT_EQ(history.Keep({.time = Noon - 9999h, .name = "once"}, "1234567890"), std::nullopt);
+    const Copy once{.time = Noon - 9999h, .cause = Cause::Put, .name = "once"};
+    ASSERT_EQ(history.Keep(once, "1234567890"), std::nullopt);
+    History open = Open();
+    ASSERT_EQ(open.Keep({.time = Noon - 9999h, .name = "often"}, "still open"), std::nullopt);
     ASSERT_EQ(WriteFile(Folder() + "/notes.txt", std::string(99, 'x')), std::nullopt);
     for (int day = 0; day < 12; ++day) {
-        ASSERT_EQ(history.Keep({.time = Noon + day * 24h, .name = "often"}, std::to_string(day)),
-                  std::nullopt);
+        const Copy often{.time = Noon + day * 24h, .cause = Cause::Put, .name = "often"};
+        ASSERT_EQ(history.Keep(often, std::to_string(day)), std::nullopt);
     }
     // Of two bytes each, the newest fit beside nothing else: "11", "10", "9" to "4".
     const std::string shown = Shown();
-    EXPECT_TRUE(shown.starts_with("20261204T120000000Z_unsaved_often.VRB=11\n")) << shown;
+    EXPECT_TRUE(shown.starts_with("20261204T120000000Z_put_often.VRB=11\n")) << shown;
     EXPECT_NE(shown.find("often.VRB=4\n"), std::string::npos) << shown;
     EXPECT_EQ(shown.find("often.VRB=3\n"), std::string::npos) << shown;
     EXPECT_NE(shown.find("once.VRB=1234567890\n"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("often.VRB=still open\n"), std::string::npos) << shown;
     EXPECT_TRUE(FileExists(Folder() + "/notes.txt"));
 
     ASSERT_EQ(Open({.age = std::chrono::days(10)}).Keep({.time = Noon + 9000h, .name = "new"}, "n"),
               std::nullopt);
-    EXPECT_EQ(Open().Copies().size(), 3U) << Shown();
+    EXPECT_EQ(Open().Copies().size(), 4U) << Shown();
 }
 
 // A folder that others write into too, by hand, by mistake or on purpose.
@@ -288,14 +305,6 @@ TEST_F(HistoryTest, SaysWhatCouldNotBeKeptAndGoesOn) {
 TEST_F(HistoryTest, LostWorkIsWhatNoProgramEnded) {
     using enum CopyKind;
     const Copy ticket{.name = "T", .kind = Ticket};
-    const auto causes = [this] {
-        std::string shown;
-        for (const Copy& copy : Open().Copies()) {
-            const std::string name = FileNameOf(copy);
-            shown.insert(0, name.substr(name.find('_') + 1) + " ");
-        }
-        return shown;
-    };
     {
         HistoryKeeper keeper(Folder());
         for (const char* text : {"1", "1", "2", "3"}) {
@@ -306,7 +315,7 @@ TEST_F(HistoryTest, LostWorkIsWhatNoProgramEnded) {
         keeper.EndWork(Ticket, Cause::Close);
         keeper.EndWork(Ticket, Cause::Open);
     }
-    EXPECT_EQ(causes(), "working_T.VRT working_T.VRT close_T.VRT delete_B.VRB unsaved_B.VRB ");
+    EXPECT_EQ(Causes(), "working_T.VRT working_T.VRT close_T.VRT delete_B.VRB unsaved_B.VRB ");
     {
         HistoryKeeper keeper(Folder());
         keeper.Resume(Open().Copies().front());
@@ -314,8 +323,47 @@ TEST_F(HistoryTest, LostWorkIsWhatNoProgramEnded) {
         keeper.Keep({.name = "B"}, "block 2");
         keeper.EndWork(Block, Cause::Working);
     }
-    EXPECT_EQ(causes(),
+    EXPECT_EQ(Causes(),
               "working_T.VRT working_T.VRT close_T.VRT delete_B.VRB working_B.VRB working_B.VRB ");
+}
+
+TEST_F(HistoryTest, UnsavedWorkIsItsProgramsUntilThatIsKilled) {
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t other = fork();
+    if (other == 0) {
+        HistoryKeeper keeper(Folder());
+        keeper.Keep({.name = "B"}, "block");
+        EXPECT_TRUE(Await([&] { return !keeper.IsBusy(); }));
+        EXPECT_EQ(write(ready[1], "!", 1), 1);
+        pause();
+    }
+    char sign = 0;
+    ASSERT_EQ(read(ready[0], &sign, 1), 1);
+    const Copy copy = Open().Copies().front();
+    const Copy later{.time = copy.time + 1h, .cause = Cause::Put, .name = "B"};
+    ASSERT_EQ(Open().Keep(later, "others go on with this name"), std::nullopt);
+    const auto openAndClose = [&](int changes) {
+        HistoryKeeper keeper(Folder());
+        const auto openFiles = OpenFiles();
+        keeper.Resume(copy);
+        for (int i = 0; i < changes; ++i) {
+            keeper.Keep({.name = "B"}, "block");
+            keeper.Keep({.name = "T", .kind = CopyKind::Ticket}, std::to_string(i));
+        }
+        keeper.EndWork(CopyKind::Block, Cause::Close);
+        keeper.EndWork(CopyKind::Ticket, Cause::Close);
+        EXPECT_TRUE(Await([&] { return !keeper.IsBusy(); }));
+        EXPECT_EQ(OpenFiles(), openFiles);
+    };
+    openAndClose(2);
+    EXPECT_EQ(Causes(), "unsaved_B.VRB close_B.VRB working_T.VRT close_T.VRT put_B.VRB ");
+    EXPECT_EQ(Open().IsInWork(copy), true);
+    kill(other, SIGKILL);
+    waitpid(other, nullptr, 0);
+    EXPECT_TRUE(Await([&] { return Open().IsInWork(copy) == false; }));
+    openAndClose(0);
+    EXPECT_EQ(Causes(), "close_B.VRB close_B.VRB working_T.VRT close_T.VRT put_B.VRB ");
 }
 
 }  // namespace

@@ -7,10 +7,12 @@
 #include <QLineEdit>
 #include <QTreeView>
 #include <algorithm>
+#include <memory>
 
 #include "block/block_file.h"
 #include "codec/encoder.h"
 #include "codec/utf8.h"
+#include "history/history_keeper.h"
 #include "platform/files.h"
 #include "platform/qt/paper_sheet.h"
 #include "platform/rtf/rtf_reader.h"
@@ -331,6 +333,28 @@ TEST_F(WindowOfTheHistory, GivesLostWorkBack) {
     window.Choose("SaveTicket");
     const std::string row = "While it was worked on|ticket|Shop1||sound|\n";
     EXPECT_TRUE(QTest::qWaitFor([&] { return Rows() == row + row; })) << Rows();
+}
+
+TEST_F(WindowOfTheHistory, LeavesTheWorkOfAnotherProgramToIt) {
+    auto other = std::make_unique<HistoryKeeper>(HistoryFolder());
+    other->Keep({.name = "Shop1", .kind = CopyKind::Ticket}, std::string(Rtf));
+    window.Start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !other->IsBusy(); }));
+    Keep("20260101T000000000Z_unsaved_Shop2.VRT", Rtf);
+    Open();
+    EXPECT_TRUE(Rows().starts_with("Never saved: program not closed|ticket|Shop2|")) << Rows();
+    EXPECT_NE(Rows().find("\nNot saved: program still open|ticket|Shop1|"), std::string::npos);
+    Choose(1);
+    Press("OpenButton");
+    window.Get<Timer>("SafekeepingTimer").OnTimer();
+    script.Expect(SaveTicketQuestion, Answer::No);
+    window.Choose("Exit");
+    const std::string kept =
+        "unsaved_Shop2.VRT: old\nunsaved_Shop1.VRT: old\nclose_Shop1.VRT: old\n";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Kept() == kept; })) << Kept();
+    other.reset();  // as one that is killed
+    Open();
+    EXPECT_TRUE(Rows().starts_with("Never saved: program not closed|ticket|Shop1|")) << Rows();
 }
 
 TEST_F(WindowOfTheHistory, SaysThatNothingCanBeKept) {
