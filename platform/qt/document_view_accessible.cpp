@@ -2,12 +2,12 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <QList>
 #include <QScrollBar>
 #include <QTextBlock>
 
 #include "platform/qt/accessibility_bridge.h"
+#include "platform/qt/text_accessible.h"
 
 namespace varno {
 namespace {
@@ -60,30 +60,16 @@ class HeadingAccessible final : public QAccessibleInterface {
 };
 
 // Places count the characters of the document; a paragraph ends with one.
-class DocumentViewAccessible final : public QAccessibleWidget, public QAccessibleTextInterface {
+class DocumentViewAccessible final : public TextAccessible {
   public:
     explicit DocumentViewAccessible(QTextBrowser* view)
-        : QAccessibleWidget(view, QAccessible::Document), view_(view) {}
+        : TextAccessible(view, QAccessible::Document), view_(view) {}
     ~DocumentViewAccessible() override {
         for (const QAccessible::Id heading : headings_) {
             QAccessible::deleteAccessibleInterface(heading);
         }
     }
 
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
-                                                  : QAccessibleWidget::interface_cast(type);
-    }
-    QAccessible::State state() const override {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.readOnly = true;
-        state.multiLine = true;
-        return state;
-    }
-    QString text(QAccessible::Text which) const override {
-        return which == QAccessible::Value ? text(0, characterCount())
-                                           : QAccessibleWidget::text(which);
-    }
     int childCount() const override { return static_cast<int>(Headings().size()); }
     QAccessibleInterface* child(int index) const override {
         return QAccessible::accessibleInterface(Headings().value(index));
@@ -111,13 +97,11 @@ class DocumentViewAccessible final : public QAccessibleWidget, public QAccessibl
         *end = view_->textCursor().selectionEnd();
     }
     int selectionCount() const override { return view_->textCursor().hasSelection() ? 1 : 0; }
-    void addSelection(int start, int end) override { setSelection(0, start, end); }
-    void removeSelection(int /*index*/) override { setCursorPosition(cursorPosition()); }
     void setSelection(int /*index*/, int start, int end) override {
         view_->setTextCursor(Range(start, end));
     }
     int cursorPosition() const override { return view_->textCursor().position(); }
-    void setCursorPosition(int offset) override { setSelection(0, offset, offset); }
+    using TextAccessible::text;
     QString text(int start, int end) const override {
         QString text = Range(start, end).selectedText();
         for (const QChar separator : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator),
@@ -137,11 +121,6 @@ class DocumentViewAccessible final : public QAccessibleWidget, public QAccessibl
     void scrollToSubstring(int start, int /*end*/) override {
         setCursorPosition(start);
         view_->ensureCursorVisible();
-    }
-    QString attributes(int /*offset*/, int* start, int* end) const override {
-        *start = 0;
-        *end = characterCount();
-        return {};
     }
 
   private:

@@ -1,41 +1,30 @@
 #include "platform/qt/line_view_accessible.h"
 
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <algorithm>
 
 #include "platform/qt/line_text.h"
+#include "platform/qt/text_accessible.h"
 #include "platform/qt/text_area.h"
 
 namespace varno {
 namespace {
 
-class LineViewAccessible final : public QAccessibleWidget,
-                                 public QAccessibleTextInterface,
-                                 public QAccessibleEditableTextInterface {
+class LineViewAccessible final : public TextAccessible, public QAccessibleEditableTextInterface {
   public:
     explicit LineViewAccessible(LineView* view)
-        : QAccessibleWidget(view, QAccessible::EditableText), view_(view) {}
+        : TextAccessible(view, QAccessible::EditableText), view_(view) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
-        switch (type) {
-            case QAccessible::TextInterface:
-                return static_cast<QAccessibleTextInterface*>(this);
-            case QAccessible::EditableTextInterface:
-                return static_cast<QAccessibleEditableTextInterface*>(this);
-            default:
-                return QAccessibleWidget::interface_cast(type);
-        }
+        return type == QAccessible::EditableTextInterface
+                   ? static_cast<QAccessibleEditableTextInterface*>(this)
+                   : TextAccessible::interface_cast(type);
     }
     QAccessible::State state() const override {
-        QAccessible::State state = QAccessibleWidget::state();
+        QAccessible::State state = TextAccessible::state();
+        state.readOnly = false;
         state.editable = true;
-        state.multiLine = true;
         return state;
-    }
-    QString text(QAccessible::Text which) const override {
-        return which == QAccessible::Value ? text(0, characterCount())
-                                           : QAccessibleWidget::text(which);
     }
 
     // QAccessibleTextInterface
@@ -45,15 +34,13 @@ class LineViewAccessible final : public QAccessibleWidget,
         *end = OffsetAt(Document(), cursor.selectionEnd());
     }
     int selectionCount() const override { return view_->textCursor().hasSelection() ? 1 : 0; }
-    void addSelection(int start, int end) override { setSelection(0, start, end); }
-    void removeSelection(int /*index*/) override { setCursorPosition(cursorPosition()); }
     void setSelection(int /*index*/, int start, int end) override {
         view_->setTextCursor(Range(start, end));
     }
     int cursorPosition() const override {
         return OffsetAt(Document(), view_->textCursor().position());
     }
-    void setCursorPosition(int offset) override { setSelection(0, offset, offset); }
+    using TextAccessible::text;
     QString text(int start, int end) const override {
         const int from = PositionAt(Document(), start);
         const int to =
@@ -77,11 +64,6 @@ class LineViewAccessible final : public QAccessibleWidget,
         setCursorPosition(start);
         view_->ensureCursorVisible();
         view_->setTextCursor(before);
-    }
-    QString attributes(int /*offset*/, int* start, int* end) const override {
-        *start = 0;
-        *end = characterCount();
-        return {};
     }
 
     // QAccessibleEditableTextInterface

@@ -1,37 +1,22 @@
 #include "platform/qt/paper_sheet_accessible.h"
 
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <algorithm>
 
 #include "platform/qt/paper_sheet.h"
+#include "platform/qt/text_accessible.h"
 
 namespace varno {
 namespace {
 
-class PaperSheetAccessible final : public QAccessibleWidget, public QAccessibleTextInterface {
+class PaperSheetAccessible final : public TextAccessible {
   public:
     explicit PaperSheetAccessible(PaperSheet* sheet)
-        : QAccessibleWidget(sheet, QAccessible::EditableText), sheet_(sheet) {}
-
-    void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface*>(this)
-                                                  : QAccessibleWidget::interface_cast(type);
-    }
-    QAccessible::State state() const override {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.readOnly = true;
-        state.multiLine = true;
-        return state;
-    }
-    QString text(QAccessible::Text which) const override {
-        return which == QAccessible::Value ? sheet_->Text() : QAccessibleWidget::text(which);
-    }
+        : TextAccessible(sheet, QAccessible::EditableText), sheet_(sheet) {}
 
     // QAccessibleTextInterface. Nothing can be selected.
     void selection(int /*index*/, int* start, int* end) const override { *start = *end = 0; }
     int selectionCount() const override { return 0; }
-    void addSelection(int /*start*/, int /*end*/) override {}
     void removeSelection(int /*index*/) override {}
     void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
     int cursorPosition() const override {
@@ -43,6 +28,7 @@ class PaperSheetAccessible final : public QAccessibleWidget, public QAccessibleT
             sheet_->OnClick(sheet_->PlaceOf(offset));
         }
     }
+    using TextAccessible::text;
     QString text(int start, int end) const override {
         return sheet_->Text().mid(start, end - start);
     }
@@ -56,11 +42,6 @@ class PaperSheetAccessible final : public QAccessibleWidget, public QAccessibleT
     }
     void scrollToSubstring(int start, int /*end*/) override {
         sheet_->ScrollTo(sheet_->PlaceOf(start));
-    }
-    QString attributes(int /*offset*/, int* start, int* end) const override {
-        *start = 0;
-        *end = characterCount();
-        return {};
     }
 
   private:
