@@ -3,6 +3,7 @@
 #include <array>
 
 #include "history/comparison.h"
+#include "platform/paper_items.h"
 
 namespace varno {
 namespace {
@@ -81,13 +82,8 @@ constexpr std::array Controls{
 };
 
 constexpr std::array<std::string_view, 1> OnCopies{"Copies"};
-constexpr std::array<std::string_view, 1> OnPaper{"Paper"};
-constexpr std::array Items{
-    ContextItemDesign{
-        .name = "BackToWork", .caption = "&Back to the work", .key = "F6", .controls = OnCopies},
-    ContextItemDesign{
-        .name = "CopyText", .caption = "&Copy as text", .key = "Ctrl+C", .controls = OnPaper},
-};
+constexpr std::array Items = PaperItemsBehind(
+    {.name = "BackToWork", .caption = "&Back to the work", .key = "F6", .controls = OnCopies});
 
 constexpr WindowDesign Design{.name = "History",
                               .caption = "History",

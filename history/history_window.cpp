@@ -11,6 +11,7 @@
 #include "history/history_design.h"
 #include "paper/effects_file.h"
 #include "paper/layout.h"
+#include "platform/paper_items.h"
 #include "platform/rtf/rtf_reader.h"
 #include "platform/user_folder.h"
 #include "platform/window_layout.h"
@@ -98,7 +99,7 @@ void HistoryWindow::ConnectEvents() {
     window_->Get<Button>("SaveCopyButton").OnClick = [this] { SaveCopyButton_Click(); };
     window_->Get<Button>("CloseButton").OnClick = [this] { Leave(); };
     window_->Get<MenuItem>("BackToWork").OnClick = [this] { work_.window.Activate(); };
-    window_->Get<MenuItem>("CopyText").OnClick = [this] { paper_->Copy(); };
+    ConnectPaperItems(*window_);
 }
 
 void HistoryWindow::Form_Resize() {

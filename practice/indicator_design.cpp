@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/paper_items.h"
+
 namespace varno {
 namespace {
 
@@ -83,25 +85,13 @@ constexpr std::array Menus{
     MenuDesign{.name = "TearOff", .parent = "PaperMenu", .caption = "&Tear off"},
 };
 
-constexpr std::array<std::string_view, 1> OnPaper{"Paper"};
-constexpr std::array Items{
-    ContextItemDesign{
-        .name = "CopyText", .caption = "&Copy as text", .key = "Ctrl+C", .controls = OnPaper},
-    ContextItemDesign{
-        .name = "ZoomIn", .caption = "Zoom &in", .key = "Ctrl++", .controls = OnPaper},
-    ContextItemDesign{
-        .name = "ZoomOut", .caption = "Zoom &out", .key = "Ctrl+-", .controls = OnPaper},
-    ContextItemDesign{
-        .name = "ActualSize", .caption = "&Actual size", .key = "Ctrl+0", .controls = OnPaper},
-};
-
 constexpr WindowDesign Design{.name = "Indicator",
                               .caption = "Varno Indicator (SIMULATED)",
                               .clientWidth = 6300,
                               .clientHeight = 7860,
                               .controls = Controls,
                               .menus = Menus,
-                              .contextItems = Items};
+                              .contextItems = PaperItems};
 
 constexpr std::array Layout{
     LayoutRow{"Simulated", Measure::Width, -360},  LayoutRow{"Display", Measure::Width, -360},

@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "platform/paper_items.h"
 #include "practice/indicator_design.h"
 #include "practice/line_text.h"
 
@@ -80,10 +81,8 @@ void IndicatorWindow::ConnectLine() {
 
 void IndicatorWindow::ConnectPaper() {
     Menu("TearOff").OnClick = [this] { TearOff(); };
-    Menu("CopyPaper").OnClick = Menu("CopyText").OnClick = [this] { paper_.Copy(); };
-    Menu("ZoomIn").OnClick = [this] { paper_.ZoomBy(1); };
-    Menu("ZoomOut").OnClick = [this] { paper_.ZoomBy(-1); };
-    Menu("ActualSize").OnClick = [this] { paper_.ZoomBy(0); };
+    Menu("CopyPaper").OnClick = [this] { paper_.Copy(); };
+    ConnectPaperItems(*window_);
 }
 
 void IndicatorWindow::Form_Resize() {

@@ -9,6 +9,7 @@
 #include "paper/effects_file.h"
 #include "paper/layout.h"
 #include "paper/look.h"
+#include "platform/paper_items.h"
 #include "platform/user_folder.h"
 #include "platform/window_layout.h"
 #include "preview/caret_sentence.h"
@@ -86,11 +87,8 @@ void Preview::ConnectEvents() {
     };
     window_->Get<Button>("CloseButton").OnClick = [this] { window_->Hide(); };
     window_->Get<MenuItem>("BackToTicket").OnClick = [this] { previewed_.window.Activate(); };
-    window_->Get<MenuItem>("CopyText").OnClick = [this] { paper_->Copy(); };
     window_->Get<Button>("CopyButton").OnClick = [this] { paper_->Copy(); };
-    window_->Get<MenuItem>("ZoomIn").OnClick = [this] { paper_->ZoomBy(1); };
-    window_->Get<MenuItem>("ZoomOut").OnClick = [this] { paper_->ZoomBy(-1); };
-    window_->Get<MenuItem>("ActualSize").OnClick = [this] { paper_->ZoomBy(0); };
+    ConnectPaperItems(*window_);
 }
 
 // Anew at each showing: whoever writes the file wants to see what it does.

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/paper_items.h"
+
 namespace varno {
 namespace {
 
@@ -54,19 +56,8 @@ constexpr std::array Controls{
     ControlDesign{.name = "PauseTimer", .kind = Kind::Timer, .enabled = false, .interval = 250},
 };
 
-constexpr std::array<std::string_view, 1> OnPaper{"Paper"};
-constexpr std::array Items{
-    ContextItemDesign{
-        .name = "BackToTicket", .caption = "&Back to the ticket", .key = "F7", .controls = OnPaper},
-    ContextItemDesign{
-        .name = "CopyText", .caption = "&Copy as text", .key = "Ctrl+C", .controls = OnPaper},
-    ContextItemDesign{
-        .name = "ZoomIn", .caption = "Zoom &in", .key = "Ctrl++", .controls = OnPaper},
-    ContextItemDesign{
-        .name = "ZoomOut", .caption = "Zoom &out", .key = "Ctrl+-", .controls = OnPaper},
-    ContextItemDesign{
-        .name = "ActualSize", .caption = "&Actual size", .key = "Ctrl+0", .controls = OnPaper},
-};
+constexpr std::array Items = PaperItemsBehind(
+    {.name = "BackToTicket", .caption = "&Back to the ticket", .key = "F7", .controls = OnPaper});
 
 constexpr WindowDesign Design{.name = "Preview",
                               .caption = "Ticket Preview",
