@@ -1,5 +1,6 @@
 #include "platform/qt/simple_controls.h"
 
+#include <QAbstractItemView>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -262,6 +263,30 @@ QtDropDownList::QtDropDownList(const ControlDesign& design, QWidget* parent)
             OnClick();
         }
     });
+    const QAbstractItemView& list = *widget_->view();
+    QObject::connect(list.selectionModel(), &QItemSelectionModel::selectionChanged, widget_,
+                     [this, &list] {
+                         if (!list.isVisible()) {
+                             return TakeSelection(widget_->currentIndex());
+                         }
+                         const auto takeFromOpen = [this, &list] {
+                             if (list.isVisible()) {
+                                 TakeSelection(list.currentIndex().row());
+                             }
+                         };
+                         QMetaObject::invokeMethod(widget_, takeFromOpen, Qt::QueuedConnection);
+                     });
+}
+
+// Assistive technology chooses by selecting a row, whether the list is open or not; the current row
+// of an open one, which keys and mouse select too, stays where it is.
+void QtDropDownList::TakeSelection(int current) {
+    const QModelIndexList selected = widget_->view()->selectionModel()->selectedRows();
+    if (!selected.isEmpty() && selected.first().row() != current) {
+        widget_->hidePopup();
+        widget_->setCurrentIndex(selected.first().row());
+        emit widget_->activated(widget_->currentIndex());
+    }
 }
 
 QtTimer::QtTimer(const ControlDesign& design) {

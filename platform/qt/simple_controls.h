@@ -89,6 +89,9 @@ class QtDropDownList final : public QtControl<DropDownList, QComboBox> {
     void Clear() override { widget_->clear(); }
     int ListIndex() const override { return widget_->currentIndex(); }
     void SetListIndex(int index) override { widget_->setCurrentIndex(index); }
+
+  private:
+    void TakeSelection(int current);
 };
 
 class QtTimer final : public Timer {
