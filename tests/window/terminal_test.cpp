@@ -65,7 +65,7 @@ TEST_F(Line, GivesBackWhatCame) {
                                   "lone\rand\nother\n\r\n",
                                   "\x80 \xE9\xA0\x01",
                                   std::string(9000, 'x'),
-                                  std::string(5000, 'y') + "\r\n",
+                                  std::string(5000, 'y').append("\r\n"),
                                   "",
                                   "\r\n",
                                   "end"};
