@@ -176,7 +176,7 @@ constexpr std::array ContextItems{
     ContextItemDesign{.name = "ShowTutorialPage",
                       .caption = "Tutorial in the &Browser",
                       .key = "F1",
-                      .controls = {}},
+                      .controls = EditorAndList},
 };
 
 constexpr WindowDesign Design{.name = "Form1",

@@ -93,8 +93,8 @@ struct MenuDesign {
 struct ContextItemDesign {
     std::string_view name;
     std::string_view caption;
-    std::string_view key;                        // such as "F7" or "Ctrl+C"
-    std::span<const std::string_view> controls;  // none: by its key alone
+    std::string_view key;  // such as "F7" or "Ctrl+C"
+    std::span<const std::string_view> controls;
     bool checkable = false;
 };
 

@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QTextEdit>
 
+#include "platform/qt/context_menu_accessible.h"
 #include "platform/qt/measures.h"
 #include "platform/qt/simple_controls.h"
 
@@ -25,6 +26,15 @@ void SendContextMenu(QWidget* focus) {
     const QPoint place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
     QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
     QApplication::sendEvent(focus, &event);
+}
+
+// To assistive technology an item belongs to the first menu that shows it.
+void AddCopy(const QAction& item, QMenu& menu) {
+    QAction* copy = menu.addAction(item.text(), &item, &QAction::trigger);
+    copy->setShortcut(item.shortcut());
+    copy->setCheckable(item.isCheckable());
+    copy->setChecked(item.isChecked());
+    copy->setEnabled(item.isEnabled());
 }
 
 }  // namespace
@@ -61,6 +71,11 @@ void ContextItems::AddTo(QWidget* control, QAction* item) {
     control->setContextMenuPolicy(Qt::CustomContextMenu);
     QObject::connect(control, &QWidget::customContextMenuRequested, control,
                      [this, control](const QPoint& place) { OpenMenu(control, place); });
+    MakeContextMenuAccessible(control, [control] {
+        control->window()->activateWindow();
+        control->setFocus();
+        SendContextMenu(control);
+    });
 }
 
 // Behind what the control has in its own menu. The menu goes when it is closed.
@@ -72,7 +87,10 @@ void ContextItems::OpenMenu(QWidget* control, const QPoint& place) const {
     if (!menu->isEmpty()) {
         menu->addSeparator();
     }
-    menu->addActions(menus_.at(control));
+    for (const QAction* item : menus_.at(control)) {
+        AddCopy(*item, *menu);
+    }
+    MakeMenuAccessible(menu);
     auto* area = qobject_cast<QAbstractScrollArea*>(control);
     menu->popup((area != nullptr ? area->viewport() : control)->mapToGlobal(place));
 }
