@@ -40,7 +40,15 @@ Indicator::Indicator(std::string image, Effects effects) : effects_(std::move(ef
 
 void Indicator::Transmit() {
     transmission_ += block_.TicketBuffer + "\r\n";
-    Say("transmitting " + Count(block_.Tickets().size(), "ticket"));
+    transmitting_ = block_.Tickets().size();
+    Say("transmitting " + Count(*transmitting_, "ticket"));
+}
+
+void Indicator::EndTransmission(bool isWhole) {
+    if (const auto tickets = std::exchange(transmitting_, std::nullopt)) {
+        Say(isWhole ? "transmitted, " + Count(*tickets, "ticket")
+                    : "transmitting failed: the cable was pulled");
+    }
 }
 
 void Indicator::StartCapture() {

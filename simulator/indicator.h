@@ -2,6 +2,7 @@
 // and of the line's hardware.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,8 @@ class Indicator {
     // Nothing has come for a while, short or long.
     void ShowHeard();
     void EndCapture();
+    // What was transmitted has left the line, or went with the cable.
+    void EndTransmission(bool isWhole);
 
     // What goes out since the last call: onto the line, as lines of UTF-8 onto the screen, and
     // onto the paper.
@@ -53,6 +56,7 @@ class Indicator {
     Capture capture_;
     std::string heard_;  // outside a capture, to be shown when the line is quiet
     std::string transmission_;
+    std::optional<std::size_t> transmitting_;  // so many tickets, until that has ended
     std::string screen_;
     std::string display_;
     Paper paper_;

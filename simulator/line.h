@@ -36,6 +36,9 @@ class Line {
     std::string TakeOut(Direction direction, Time now);
     // The line has enough to carry for now; more should wait before it.
     bool IsFull(Direction direction) const;
+    bool IsEmpty(Direction direction) const {
+        return ways_[static_cast<std::size_t>(direction)].waiting.empty();
+    }
     // When the next character, or enough of them to be worth the while, will have come out.
     std::optional<Time> NextDue() const;
 

@@ -64,6 +64,9 @@ void Station::MoveFromIndicator(Line::Time now) {
     } else if (!outgoing_.empty()) {
         outgoing_.erase(0, cable_->Write(outgoing_));
     }
+    if (line_.IsEmpty(Direction::FromIndicator) && outgoing_.empty()) {
+        indicator_.EndTransmission(true);
+    }
 }
 
 void Station::Plug() {
@@ -77,6 +80,7 @@ void Station::Unplug(Line::Time now) {
     if (OnUnplugged) {
         OnUnplugged();
     }
+    indicator_.EndTransmission(false);
     cable_.reset();
     hasProgram_ = false;
     line_.Repair();

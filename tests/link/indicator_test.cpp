@@ -218,6 +218,28 @@ TEST(Station, EndsACaptureAfterASilenceAndServesTheNextProgram) {
     EXPECT_EQ(::read(Opened(device).handle, &heard, 1), -1);
 }
 
+TEST(Station, TellsTheEndOfATransmission) {
+    Indicator indicator(Image, {});
+    Station station(indicator);
+    const Line::Time start{std::chrono::seconds(1000)};
+    station.Step(start);
+    station.Wire().SetSpeed(9600);
+    const auto displayAfter = [&](std::chrono::milliseconds time) {
+        station.Step(start + time);
+        return indicator.Display();
+    };
+    indicator.Transmit();
+    displayAfter(0ms);
+    EXPECT_EQ(displayAfter(8300ms), "transmitting 2 tickets");
+    EXPECT_EQ(displayAfter(8400ms), "transmitted, 2 tickets");
+    indicator.PrintKey(0);  // what stands there later, stays
+    EXPECT_EQ(displayAfter(8500ms), "Print: ticket 212");
+    indicator.Transmit();
+    displayAfter(9000ms);
+    station.Wire().Arm(Line::Fault::Cut, 0);
+    EXPECT_EQ(displayAfter(9100ms), "transmitting failed: the cable was pulled");
+}
+
 TEST(LineText, TellsWhatTheLineDoes) {
     Indicator indicator(Image, {});
     Station station(indicator);
