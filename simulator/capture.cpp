@@ -30,9 +30,9 @@ std::string FaultOf(const std::string& image) {
 
 }  // namespace
 
-void Capture::Start() {
-    state_ = State::Waiting;
-    collected_.clear();
+std::size_t Capture::Start() {
+    const bool hasBegun = std::exchange(state_, State::Waiting) == State::Collecting;
+    return hasBegun ? collected_.size() : 0;
 }
 
 void Capture::End() {

@@ -9,7 +9,8 @@ namespace varno {
 // Collects an image from ":" on and checks it. The fill behind the image is passed over.
 class Capture {
   public:
-    void Start();
+    // Returns how many characters of an image that had begun are given up.
+    std::size_t Start();
     // Nothing more comes: an image that has begun is incomplete.
     void End();
 

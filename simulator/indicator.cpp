@@ -52,8 +52,8 @@ void Indicator::EndTransmission(bool isWhole) {
 }
 
 void Indicator::StartCapture() {
-    capture_.Start();
-    Say("capturing");
+    const std::size_t givenUp = capture_.Start();
+    Say(givenUp == 0 ? "capturing" : "capturing, " + Count(givenUp, "character") + " given up");
 }
 
 void Indicator::PrintKey(int key) {

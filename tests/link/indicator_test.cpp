@@ -71,6 +71,13 @@ TEST(Indicator, CapturesAnImageOrSaysWhatIsWrong) {
         EXPECT_EQ(indicator.TakeScreen(), row.screen);
         EXPECT_EQ(indicator.Memory(), row.screen.starts_with(taken) ? other : Image);
     }
+    Indicator again(Image, {});  // its parameter 78 is started once more in the middle
+    again.StartCapture();
+    again.Receive(other.substr(0, 500));
+    again.StartCapture();
+    EXPECT_EQ(again.Display(), "capturing, 500 characters given up");
+    again.Receive(other);
+    EXPECT_EQ(again.Memory(), other);
     Indicator asleep(Image, {});  // nobody has started parameter 78
     asleep.Receive(other + fill);
     asleep.EndCapture();
