@@ -230,14 +230,15 @@ bool FileCommands::ConfirmOverwriting(const ChosenFile& chosen) {
 // Says why when the file cannot be written; the old one is whole then.
 bool FileCommands::Write(const Kind& kind, const std::string& path, const std::string& bytes) {
     const std::string meant = FileMeantBy(path);
-    if (kind.kept) {
-        safekeeping_.BeforeReplacing(meant, *kind.kept);
-    }
-    const Error error = WriteFile(meant, bytes);
-    if (error) {
+    const Error unkept = kind.kept ? safekeeping_.BeforeReplacing(meant, *kind.kept) : std::nullopt;
+    if (const Error error = WriteFile(meant, bytes)) {
         dialogs_.ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
+        return false;
     }
-    return !error;
+    if (kind.kept) {
+        safekeeping_.AfterReplacing(unkept);
+    }
+    return true;
 }
 
 std::string FileCommands::TicketBytes() const {

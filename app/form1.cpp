@@ -85,7 +85,7 @@ Form1::Form1(Platform& platform)
            .block = state_.block,
            .comment = CommentsOf(catalogues_),
            .isKeeping = [this] { return safekeeping_.IsBusy(); },
-           .trouble = [this] { return safekeeping_.Trouble(); },
+           .missing = [this] { return safekeeping_.Missing(); },
            .open = [this](const Copy& copy, const std::string& bytes) { OpenCopy(copy, bytes); },
            .saveAs = [this](const Copy& copy,
                             const std::string& bytes) { files_.SaveCopyAs(copy, bytes); }}) {

@@ -104,18 +104,30 @@ void Safekeeping::KeepBlock(Cause cause, const std::string& port) {
     }
 }
 
-// Larger files are none of ours, and a folder or a device is not replaced.
-void Safekeeping::BeforeReplacing(const std::string& path, CopyKind kind) {
-    constexpr std::size_t MostBytes = 4'000'000;
+// A folder or a device is not replaced.
+Error Safekeeping::BeforeReplacing(const std::string& path, CopyKind kind) {
+    constexpr std::size_t MostBytes = 16'000'000;  // larger than all that this program writes
     std::string bytes;
-    if (ReadFile(path, bytes, MostBytes + 1) || bytes.size() > MostBytes) {
-        return;
+    Error error = ReadFile(path, bytes, MostBytes + 1);
+    if (error) {
+        return FileBytes(path) > 0 ? error : std::nullopt;
+    }
+    if (bytes.size() > MostBytes) {
+        return path + ": the file is longer than any ticket or block";
     }
     keeper_.Keep(
         {.cause = Cause::Save,
          .name = LabelForm(BareName(path), kind == CopyKind::Block ? "VRB" : "VRT").value_or(""),
          .kind = kind},
         std::move(bytes));
+    return std::nullopt;
+}
+
+std::string Safekeeping::Missing() {
+    if (const Error trouble = keeper_.Trouble()) {
+        return "The last copy could not be kept. " + *trouble;
+    }
+    return unkept_ ? "What the file held that was replaced is not kept. " + *unkept_ : "";
 }
 
 }  // namespace varno

@@ -26,8 +26,10 @@ class Safekeeping {
     // Makes every copy that the table names for the event.
     void On(CommandEvent event);
 
-    // The file that a save of this kind is about to replace, as it is; nothing where there is none.
-    void BeforeReplacing(const std::string& path, CopyKind kind);
+    // Keeps the file that a save of this kind is about to replace, as it is; says why it cannot.
+    Error BeforeReplacing(const std::string& path, CopyKind kind);
+    // The save is done.
+    void AfterReplacing(const Error& unkept) { unkept_ = unkept; }
 
     // The copy of unsaved work is in the window again.
     void Resume(const Copy& copy) { keeper_.Resume(copy); }
@@ -35,8 +37,9 @@ class Safekeeping {
     // Whether copies are still being made.
     bool IsBusy() { return keeper_.IsBusy(); }
 
-    // Why the last copy could not be made; nothing if it could.
-    Error Trouble() { return keeper_.Trouble(); }
+    // For the operator: what is not kept and why, until a later copy or save makes up for it. Empty
+    // if nothing is missing.
+    std::string Missing();
 
   private:
     void KeepTicket(Cause cause);
@@ -44,6 +47,7 @@ class Safekeeping {
 
     Sources sources_;
     HistoryKeeper keeper_;
+    Error unkept_;               // why the file that was replaced last is not kept
     bool ticketIsKept_ = false;  // as it stands, unless there was trouble
 };
 

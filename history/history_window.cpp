@@ -182,9 +182,8 @@ void HistoryWindow::ShowSummary() {
     const std::string shown = rows_.ShownCount() == rows_.Count()
                                   ? all
                                   : std::to_string(rows_.ShownCount()) + " of " + all;
-    const Error trouble = work_.trouble();
-    window_->Get<Label>("Summary").SetCaption(
-        trouble ? "The last copy could not be kept. " + *trouble : shown);
+    const std::string missing = work_.missing();
+    window_->Get<Label>("Summary").SetCaption(missing.empty() ? shown : shown + ". " + missing);
 }
 
 void HistoryWindow::Copies_Click() {

@@ -24,8 +24,8 @@ struct OpenWork {
     RichTextBox& RichText;
     const TicketBlock& block;
     CodeComment comment;
-    std::function<bool()> isKeeping;  // copies are still being made
-    std::function<Error()> trouble;   // why the last copy could not be kept
+    std::function<bool()> isKeeping;       // copies are still being made
+    std::function<std::string()> missing;  // what is not kept, and why; empty if nothing
     // Puts the copy of these bytes in the place of what is open.
     std::function<void(const Copy&, const std::string& bytes)> open;
     // Asks where to save the copy of these bytes and saves it.

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QTreeView>
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 
 #include "block/block_file.h"
@@ -130,6 +131,7 @@ class WindowOfTheHistory : public HistoryOfTheWindow {
         return rows;
     }
     std::string Differences() { return Rows("Differences", 0); }
+    std::string Summary() { return history->findChild<QLabel*>("Summary")->text().toStdString(); }
     void Press(const char* button) {
         QTest::mouseClick(history->findChild<QWidget*>(button), Qt::LeftButton);
     }
@@ -231,7 +233,7 @@ TEST_F(WindowOfTheHistory, TellsOfEachCopyAndFindsIt) {
         << all;
     EXPECT_NE(all.find("Shop2||The file is not "), std::string::npos) << all;
     EXPECT_TRUE(all.ends_with("Before a download to COM3|block|Plant|212, 300|sound|\n")) << all;
-    EXPECT_EQ(history->findChild<QLabel*>("Summary")->text(), "6 copies");
+    EXPECT_EQ(Summary(), "6 copies");
 
     const std::pair<const char*, int> finds[] = {
         {"shop1", 2}, {"COM3", 2}, {"300", 1}, {"checksum", 1}, {"plant sound", 1}, {"nothing", 0}};
@@ -364,8 +366,7 @@ TEST_F(WindowOfTheHistory, SaysThatNothingCanBeKept) {
     window.Get<Timer>("SafekeepingTimer").OnTimer();
     EXPECT_TRUE(QTest::qWaitFor([&] {
         Open();
-        return history->findChild<QLabel*>("Summary")->text().startsWith(
-            "The last copy could not be kept. ");
+        return Summary().starts_with("0 copies. The last copy could not be kept. ");
     }));
 
     // The text is the same as before, and is kept now, also as what it is again when nothing
@@ -379,6 +380,30 @@ TEST_F(WindowOfTheHistory, SaysThatNothingCanBeKept) {
     window.Get<Timer>("SafekeepingTimer").OnTimer();
     const std::string kept = "open_.VRT: x\nunsaved_.VRT: x\n";
     EXPECT_TRUE(QTest::qWaitFor([&] { return Kept() == kept; })) << Kept();
+}
+
+TEST_F(WindowOfTheHistory, SaysThatWhatWasReplacedIsTooLongToBeKept) {
+    const std::string path = folder.Path("Film.VRT");
+    window.Start();
+    window.TypeTicket("x");
+    const auto saysAfterReplacing = [&](std::uintmax_t bytes, const std::string& summary) {
+        WriteText(path, "");
+        std::filesystem::resize_file(path, bytes);
+        script.ExpectSave(ChosenFile{path, "Film.VRT"});
+        script.Expect({"\"Film.VRT\" exists.\r\n\r\nOverwrite?", "Existing File", Buttons::YesNo,
+                       Icon::Question},
+                      Answer::Yes);
+        window.Choose("SaveTicketAs");
+        Open();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Summary() == summary; })) << Summary();
+    };
+    const std::string why = "What the file held that was replaced is not kept. " + path +
+                            ": the file is longer than any ticket or block";
+    saysAfterReplacing(16'000'001, "0 copies. " + why);
+    window.Put("300");
+    window.Get<Timer>("SafekeepingTimer").OnTimer();  // makes up for nothing
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Summary() == "1 copy. " + why; })) << Summary();
+    saysAfterReplacing(16'000'000, "2 copies");
 }
 
 }  // namespace
