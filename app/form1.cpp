@@ -158,7 +158,10 @@ void Form1::ConnectEditor() {
     };
     richText.OnKeyUp = [this] { editor_.RichText_KeyUp(); };
     richText.OnGotFocus = [this] { editor_.RichText_GotFocus(); };
-    Menu("ShowMarks").OnClick = [&] { richText.SetShowsMarks(Menu("ShowMarks").Checked()); };
+    Menu("ShowMarks").OnClick = [&] {
+        richText.SetShowsMarks(Menu("ShowMarks").Checked());
+        SaveShowsMarks(platform_.Settings(), richText.ShowsMarks());
+    };
     Menu("ControlCodes").OnClick = [this] { insertCommands_.InsertControlCode(); };
     Menu("PrintCodes").OnClick = [this] { insertCommands_.InsertPrintCode(); };
     Menu("ascii").OnClick = [this] { insertCommands_.InsertAsciiCode(); };
@@ -263,7 +266,6 @@ void Form1::Form_Unload() {
     SaveFolders(settings, state_.folders);
     SaveCommunications(settings, *msComm1_);
     SaveWindowSize(settings, *window_);
-    SaveShowsMarks(settings, controls_.RichText.ShowsMarks());
     platform_.Quit();
 }
 

@@ -129,14 +129,17 @@ TEST_F(Marks, ChangeNothingAndAreRemembered) {
     EXPECT_EQ(box.SelStart(), 5);
     EXPECT_TRUE(window.Get<MenuItem>("ShowMarks").Checked());
 
-    script.Expect(SaveTicketQuestion, Answer::No);
-    window.form.Form_Unload();
-    RealWindow next(folder);
+    RealWindow next(folder);  // while the first is still open
     next.Start();
     EXPECT_TRUE(next.Get<RichTextBox>("RichText").ShowsMarks());
     EXPECT_TRUE(next.Get<MenuItem>("ShowMarks").Checked());
     QTest::keyClick(next.Widget<QTextEdit>("RichText"), Qt::Key_F8);
     EXPECT_FALSE(next.Get<RichTextBox>("RichText").ShowsMarks());
+    script.Expect(SaveTicketQuestion, Answer::No);
+    window.form.Form_Unload();
+    RealWindow last(folder);
+    last.Start();
+    EXPECT_FALSE(last.Get<RichTextBox>("RichText").ShowsMarks());
 }
 
 }  // namespace
