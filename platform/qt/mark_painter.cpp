@@ -81,7 +81,8 @@ void Frame(QPainter& painter, Kind look, const QRect& all, const QColor& ink) {
         pen.setCapStyle(Qt::FlatCap);
     }
     const QRectF frame = QRectF(all).adjusted(0.5, 0.5, -0.5, -0.5);
-    const double corner = look == Kind::Print ? frame.height() / 2.2 : 0;
+    // As round as the letters leave room for.
+    const double corner = look == Kind::Print ? frame.height() / 3 : 0;
     painter.setPen(pen);
     painter.drawRoundedRect(frame, corner, corner);
 }
