@@ -34,7 +34,8 @@ serve() {
     address="$(cat "$scratch/address")"
 }
 
-serve Xvfb -displayfd 3 -screen 0 1920x1440x24 -nolisten tcp
+# -r: no key repeats itself while the machine is busy.
+serve Xvfb -displayfd 3 -screen 0 1920x1440x24 -nolisten tcp -r
 export DISPLAY=":$address"
 serve dbus-daemon --session --nofork --nosyslog --print-address=3
 export DBUS_SESSION_BUS_ADDRESS="$address"
