@@ -10,14 +10,12 @@ std::string Environment(const char* name) {
     return value != nullptr ? value : "";
 }
 
-// Empty where neither the variable nor the home is set.
+// A variable counts if it is absolute; empty where none does and there is no home.
 std::string Folder(const char* variable, const char* inHome) {
-    const std::string set = Environment(variable);  // counts if it is absolute
+    const std::string set = Environment(variable);
     const std::string home = Environment("HOME");
-    if (set.empty() && home.empty()) {
-        return "";
-    }
-    return (set.starts_with('/') ? set : home + inHome) + "/" + ProgramName;
+    const std::string folder = set.starts_with('/') ? set : home.empty() ? "" : home + inHome;
+    return folder.empty() ? "" : folder + "/" + ProgramName;
 }
 
 }  // namespace
