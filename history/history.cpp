@@ -179,11 +179,13 @@ void History::Prune(std::vector<Copy> copies, CopyTime now) {
     for (const Copy& copy : copies) {
         const std::uintmax_t size = FileBytes(PathOf(copy));
         if (size > MostCopyBytes) {
+    std::size_t rank = 0;
             continue;
         }
         const bool isNewest = seen.emplace(copy.kind, copy.name).second;
         const bool isTooMuch = bytes + size > limits_.bytes - Slack();
-        const bool isTooOld = copy.time >= FirstTime && now - copy.time > limits_.age;
+        const bool isTooOld =
+            ++rank > limits_.newest && copy.time >= FirstTime && now - copy.time > limits_.age;
         if (!isNewest && (isTooMuch || isTooOld) && !IsInWork(copy).value_or(false)) {
             (void)RemoveFile(PathOf(copy));
         } else {

@@ -20,6 +20,7 @@ namespace varno {
 struct HistoryLimits {
     std::chrono::days age{365};
     std::uintmax_t bytes = 200'000'000;  // of all copies
+    std::size_t newest = 1000;           // that no age counts of: a clock may be wrong by years
 };
 
 // The folder of the history; empty for a user without a home.

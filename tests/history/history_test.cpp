@@ -170,7 +170,8 @@ TEST_F(HistoryTest, RemovesTheOldestButNeverTheLastOfAName) {
     EXPECT_NE(shown.find("often.VRB=still open\n"), std::string::npos) << shown;
     EXPECT_TRUE(FileExists(Folder() + "/notes.txt"));
 
-    ASSERT_EQ(Open({.age = std::chrono::days(10)}).Keep({.time = Noon + 9000h, .name = "new"}, "n"),
+    ASSERT_EQ(Open({.age = std::chrono::days(10), .newest = 1})
+                  .Keep({.time = Noon + 9000h, .name = "new"}, "n"),
               std::nullopt);
     EXPECT_EQ(Open().Copies().size(), 4U) << Shown();
 }
@@ -232,6 +233,8 @@ TEST_F(HistoryTest, LosesNothingToAWrongClock) {
 }
 
 TEST_F(HistoryTest, IsWholeWhenProgramsAreKilledWhileTheyWrite) {
+    ASSERT_EQ(Open().Keep({.time = Noon + 876'000h, .name = "Shop"}, "H"), std::nullopt);
+    EXPECT_EQ(Open().Copies().size(), 6U);  // not a century old either
     std::mt19937 random(1);
     for (int i = 0; i < 200; ++i) {
         int running[2];
