@@ -8,7 +8,7 @@ namespace varno {
 
 std::vector<std::string> CompareBlocks(const std::string& openImage, const std::string& copyImage,
                                        const CodeComment& comment) {
-    if (openImage == copyImage) {
+    if (openImage == copyImage && !openImage.empty()) {
         return {"Nothing: the same block is open."};
     }
     std::vector<std::string> told;

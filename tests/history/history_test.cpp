@@ -15,6 +15,7 @@
 
 #include "block/ticket_block.h"
 #include "codec/encoder.h"
+#include "history/comparison.h"
 #include "history/description.h"
 #include "history/history_keeper.h"
 #include "platform/files.h"
@@ -120,6 +121,8 @@ TEST_F(HistoryTest, CopiesAreDescribed) {
               "200, 205|It holds a character that is no hexadecimal digit (column 101).");
     EXPECT_EQ(shown(CopyKind::Block, NewTicketBuffer()), "none|sound");
     EXPECT_EQ(shown(CopyKind::Block, ""), "none|It has 0 characters; a block has 8007.");
+    EXPECT_EQ(CompareBlocks("", "", {}).front(),  // no block is open
+              "The copy is damaged: It has 0 characters; a block has 8007.");
     EXPECT_EQ(shown(CopyKind::Ticket, "{\\rtf1 A"), "|sound");
     EXPECT_EQ(shown(CopyKind::Ticket, ""), "|The file is not a rich text (RTF) document.");
 
