@@ -38,6 +38,10 @@ std::string HistoryFolder() {
     return state.empty() ? "" : state + "/history";
 }
 
+Error History::Obstacle() const {
+    return folder_.empty() ? "There is no home folder to keep copies in." : FolderTrouble(folder_);
+}
+
 std::vector<Copy> History::Copies() const {
     std::vector<std::string> names = FilesIn(folder_);
     std::sort(names.begin(), names.end(), std::greater());
@@ -84,7 +88,7 @@ std::vector<Copy>::const_iterator History::Former(const std::vector<Copy>& copie
 
 Error History::Keep(Copy copy, std::string_view content, Copy* kept) {
     if (folder_.empty()) {
-        return "There is no home folder to keep copies in.";
+        return Obstacle();
     }
     if (Error error = MakeFolder(folder_)) {
         return error;
@@ -175,11 +179,11 @@ void History::Prune(std::vector<Copy> copies, CopyTime now) {
     std::stable_partition(copies.begin(), copies.end(),
                           [now](const Copy& copy) { return copy.time <= now + Tomorrow; });
     std::uintmax_t bytes = 0;
+    std::size_t rank = 0;
     std::set<std::pair<CopyKind, std::string_view>> seen;
     for (const Copy& copy : copies) {
         const std::uintmax_t size = FileBytes(PathOf(copy));
         if (size > MostCopyBytes) {
-    std::size_t rank = 0;
             continue;
         }
         const bool isNewest = seen.emplace(copy.kind, copy.name).second;

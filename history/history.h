@@ -34,6 +34,9 @@ class History {
 
     std::vector<Copy> Copies() const;  // newest first
 
+    // Why the copies cannot be seen; nothing where there are none yet.
+    Error Obstacle() const;
+
     [[nodiscard]] Error Read(const Copy& copy, std::string& content) const;
 
     // Makes a copy, unless the newest one of that name holds the same. Unsaved work is kept beside

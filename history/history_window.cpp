@@ -179,11 +179,14 @@ void HistoryWindow::ShowRows() {
 void HistoryWindow::ShowSummary() {
     const std::string all =
         std::to_string(rows_.Count()) + (rows_.Count() == 1 ? " copy" : " copies");
-    const std::string shown = rows_.ShownCount() == rows_.Count()
-                                  ? all
-                                  : std::to_string(rows_.ShownCount()) + " of " + all;
+    std::string summary = rows_.ShownCount() == rows_.Count()
+                              ? all
+                              : std::to_string(rows_.ShownCount()) + " of " + all;
+    if (const Error obstacle = history_.Obstacle()) {
+        summary = "The copies cannot be read. " + *obstacle;
+    }
     const std::string missing = work_.missing();
-    window_->Get<Label>("Summary").SetCaption(missing.empty() ? shown : shown + ". " + missing);
+    window_->Get<Label>("Summary").SetCaption(missing.empty() ? summary : summary + ". " + missing);
 }
 
 void HistoryWindow::Copies_Click() {

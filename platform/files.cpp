@@ -40,6 +40,14 @@ Error MakeFolder(const std::string& path) {
     return error ? Error(path + ": " + error.message()) : std::nullopt;
 }
 
+Error FolderTrouble(const std::string& folder) {
+    std::error_code error;
+    const fs::directory_iterator readable(ToPath(folder), error);
+    return error && error != std::errc::no_such_file_or_directory
+               ? Error(folder + ": " + error.message())
+               : std::nullopt;
+}
+
 Error RemoveFile(const std::string& path) {
     std::error_code error;
     return fs::remove(ToPath(path), error) ? std::nullopt : Error(path + ": " + error.message());

@@ -61,6 +61,9 @@ std::optional<bool> IsFileClaimed(const std::string& path);
 // be read.
 std::vector<std::string> FilesIn(const std::string& folder);
 
+// Why they cannot be told; nothing for a folder that is not there yet.
+Error FolderTrouble(const std::string& folder);
+
 // How long a file is; 0 where there is none.
 std::uintmax_t FileBytes(const std::string& path);
 

@@ -28,22 +28,11 @@ constexpr std::size_t TimeLength = 19;  // of a file name: "20261123T073849123Z"
 constexpr HistoryLimits NoLimits{.age = std::chrono::days(365'000),
                                  .bytes = std::numeric_limits<std::uintmax_t>::max()};
 
-std::string FolderFor(const Request& request) {
-    return request.backupFolder.empty() ? HistoryFolder() : request.backupFolder;
-}
-
 // Newest first. A folder that cannot be read is refused; one that is not there yet holds nothing.
 std::vector<Copy> CopiesFor(const Request& request) {
-    const std::string folder = FolderFor(request);
-    if (folder.empty()) {
-        throw Refusal(Ending::CouldNot, "there is no home folder with copies in it");
-    }
-    std::error_code error;
-    const fs::directory_iterator readable(folder, error);
-    if (error && error != std::errc::no_such_file_or_directory) {
-        throw Refusal(Ending::CouldNot, folder + ": " + error.message());
-    }
-    return HistoryFor(request).Copies();
+    const History history = HistoryFor(request);
+    Require(history.Obstacle());
+    return history.Copies();
 }
 
 std::string KindAndName(const CopyHeading& heading) {

@@ -238,7 +238,7 @@ export TZ=XYZ-2 XDG_STATE_HOME="$PWD/state"
 history="$PWD/state/VarnoTicketFormatter/history"
 expect 0 "" history list
 env -u XDG_STATE_HOME -u HOME "$tool" history 2>said || [[ $? == 3 ]] || failed=1
-wrote said "varno-tickets: there is no home folder with copies in it"
+wrote said "varno-tickets: There is no home folder to keep copies in."
 mkdir -p "$history/20211130T000000000Z_open_folder.VRB"
 uploaded=20211123T073849123Z_uploaded-COM3_Shop.VRB
 cp clean.VRB "$history/$uploaded"
