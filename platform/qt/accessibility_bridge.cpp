@@ -18,51 +18,71 @@ namespace {
 
 constexpr const char* Bus = "a11y";
 constexpr const char* Objects = "/org/a11y/atspi/accessible";
-constexpr const char* Questions = "org.a11y.atspi.Accessible";
+constexpr const char* Accessible = "org.a11y.atspi.Accessible";
+constexpr const char* Action = "org.a11y.atspi.Action";
 
 bool IsToggleButton(const QAccessibleInterface& object) {
     const auto* const button = qobject_cast<const QPushButton*>(object.object());
     return button != nullptr && button->isCheckable();
 }
 
-QVariant Role(const QAccessibleInterface& object) {
+QVariant Role(QAccessibleInterface& object, const QVariantList& /*arguments*/) {
     constexpr uint ToggleButton = 62;
     return IsToggleButton(object) ? QVariant(ToggleButton) : QVariant();
 }
 
-QVariant RoleName(const QAccessibleInterface& object) {
+QVariant RoleName(QAccessibleInterface& object, const QVariantList& /*arguments*/) {
     return IsToggleButton(object) ? QVariant(QStringLiteral("toggle button")) : QVariant();
 }
 
-QVariant Attributes(const QAccessibleInterface& object) {
+QVariant Attributes(QAccessibleInterface& object, const QVariantList& /*arguments*/) {
     using Map = QMap<QString, QString>;
     return object.role() == QAccessible::Heading
                ? QVariant::fromValue(Map{{QStringLiteral("level"), object.text(HeadingLevel)}})
                : QVariant();
 }
 
+// Qt answers when all is done, and so keeps whoever opens a box waiting until it is closed. What a
+// value can do besides is left to Qt.
+QVariant ActSoon(QAccessibleInterface& object, const QVariantList& arguments) {
+    QAccessibleActionInterface* const actions = object.actionInterface();
+    const int index = arguments.value(0, -1).toInt();
+    const QString name = actions != nullptr ? actions->actionNames().value(index) : QString();
+    if (name.isEmpty()) {
+        return {};
+    }
+    const auto act = [id = QAccessible::uniqueId(&object), name] {
+        QAccessibleInterface* const still = QAccessible::accessibleInterface(id);
+        if (still != nullptr && still->isValid() && still->actionInterface() != nullptr) {
+            still->actionInterface()->doAction(name);
+        }
+    };
+    return QMetaObject::invokeMethod(QCoreApplication::instance(), act, Qt::QueuedConnection);
+}
+
 struct Answer {
+    const char* interface;
     const char* question;
-    QVariant (*about)(const QAccessibleInterface& object);  // invalid: as Qt says
+    // Invalid: as Qt says.
+    QVariant (*about)(QAccessibleInterface& object, const QVariantList& arguments);
 };
 
 constexpr Answer Answers[] = {
-    {"GetRole", Role},
-    {"GetRoleName", RoleName},
-    {"GetLocalizedRoleName", RoleName},
-    {"GetAttributes", Attributes},
+    {Accessible, "GetRole", Role},
+    {Accessible, "GetRoleName", RoleName},
+    {Accessible, "GetLocalizedRoleName", RoleName},
+    {Accessible, "GetAttributes", Attributes},
+    {Action, "DoAction", ActSoon},
 };
 
 QVariant AnswerTo(const QDBusMessage& message) {
-    if (message.interface() != QLatin1String(Questions)) {
-        return {};
-    }
     const QAccessible::Id id = message.path().section(u'/', -1).toUInt();
-    const QAccessibleInterface* const object = QAccessible::accessibleInterface(id);
+    QAccessibleInterface* const object = QAccessible::accessibleInterface(id);
     for (const Answer& answer : Answers) {
         if (object != nullptr && object->isValid() &&
+            message.interface() == QLatin1String(answer.interface) &&
             message.member() == QLatin1String(answer.question)) {
-            return answer.about(*object);
+            return answer.about(*object, message.arguments());
         }
     }
     return {};
