@@ -18,35 +18,6 @@ EDITOR = "Ticket editor"
 NUMBER = "Ticket number"
 
 
-class Assistant(Program):
-    """A program that is worked with through the bus."""
-
-    def __init__(self, folder, *arguments):
-        super().__init__(PROGRAM, *arguments)
-        self.folder = folder
-
-    def write(self, name, text):
-        field = wait_for(lambda: self.find(name).queryEditableText(), f"the field {name!r}")
-        field.setTextContents(text)
-        self.await_text(name, text)
-
-    def select(self, list_name, row):
-        rows = self.find(list_name, "list")
-        rows.queryComponent().grabFocus()
-        wait_for(lambda: rows.queryTable().addRowSelection(row), f"row {row} of {list_name!r}")
-
-    def answer(self, message, button):
-        self.await_message(message)
-        self.press(button)
-        self.await_no_message(message)
-
-    def choose_file(self, title, name, button):
-        self.find(title)
-        wait_for(lambda: self.find("File name:", "text").queryEditableText()
-                 .setTextContents(os.path.join(self.folder, name)), "the file name")
-        self.press(button)
-
-
 def block_and_editor(program):
     program.write(EDITOR, "Net")
     program.write(NUMBER, "212")
@@ -69,21 +40,22 @@ def block_and_editor(program):
     program.await_rows(["212  O"])
 
 
-def files(program):
+def files(program, folder):
     program.menu("Save Ticket As ...")
-    program.choose_file("Save As", "Shop1.VRT", "Save")
-    wait_for(lambda: os.path.exists(os.path.join(program.folder, "Shop1.VRT")), "the ticket file")
+    ticket, block = os.path.join(folder, "Shop1.VRT"), os.path.join(folder, "Plant.VRB")
+    program.choose_file("Save As", ticket, "Save")
+    wait_for(lambda: os.path.exists(ticket), "the ticket file")
     program.find("Shop1", "label")
     program.write(EDITOR, "Gross")
     program.menu("Save Ticket")
     program.menu("Open Ticket")
-    program.choose_file("Open", "Shop1.VRT", "Open")
+    program.choose_file("Open", ticket, "Open")
     program.await_text(EDITOR, "Gross")
     program.menu("Save Ticket Block As ...", opens="File")
-    program.choose_file("Save As", "Plant.VRB", "Save")
+    program.choose_file("Save As", block, "Save")
     program.find("Plant", "label")
     program.menu("Open Ticket Block")
-    program.choose_file("Open", "Plant.VRB", "Open")
+    program.choose_file("Open", block, "Open")
     program.await_rows(["212 O"])
 
 
@@ -153,10 +125,10 @@ def main():
         os.environ["XDG_DATA_HOME"] = folder
         os.environ["XDG_STATE_HOME"] = folder
         with Indicator(FOLDER) as indicator:
-            program = Assistant(folder)
+            program = Program(PROGRAM)
             try:
                 block_and_editor(program)
-                files(program)
+                files(program, folder)
                 codes(program)
                 line(program, indicator)
                 windows(program, indicator)

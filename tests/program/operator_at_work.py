@@ -7,9 +7,9 @@ import time
 os.environ["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
 
 import pyatspi  # noqa: E402  (reads the environment)
-from gi.repository import Atspi, GLib  # noqa: E402
+from gi.repository import Atspi  # noqa: E402
 
-Atspi.set_timeout(1000, 5000)  # milliseconds; a question keeps its caller waiting
+Atspi.set_timeout(5000, 5000)  # milliseconds
 
 DEADLINE = 30  # seconds that any single thing may take
 
@@ -187,6 +187,50 @@ class Program:
         wait_for(lambda: item.getState().contains(pyatspi.STATE_ENABLED), f"{caption!r} offered")
         act(item)
 
+    def write(self, name, text):
+        field = wait_for(lambda: self.find(name).queryEditableText(), f"the field {name!r}")
+        field.setTextContents(text)
+        self.await_text(name, text)
+
+    def select(self, list_name, row):
+        rows = self.find(list_name, "list")
+        rows.queryComponent().grabFocus()
+        wait_for(lambda: rows.queryTable().addRowSelection(row), f"row {row} of {list_name!r}")
+
+    def answer(self, message, button):
+        self.await_message(message)
+        self.press(button)
+        self.await_no_message(message)
+
+    def choose_file(self, title, path, button):
+        self.find(title)
+        wait_for(lambda: self.find("File name:", "text").queryEditableText()
+                 .setTextContents(path), "the file name")
+        self.press(button)
+
+    def open_context_menu(self, name, role=None):
+        control = self.find(name, role)
+        act(control, "ShowMenu")
+        return wait_for(lambda: next(c for c in control if c.getRoleName() == "popup menu"),
+                        f"the menu of {name!r}")
+
+    def context_menu(self, name, item, role=None):
+        """Chooses an item of a control's context menu; the key may stand behind its name."""
+        menu = self.open_context_menu(name, role)
+        expect(menu.parent.name == name, f"the menu belongs to {menu.parent.name!r}")
+        act(wait_for(lambda: next(i for i in menu if i.name.split("\t")[0] == item), f"{item!r}"))
+
+    def choose(self, description, entry):
+        """Chooses an entry of a list that drops down."""
+        def chosen():
+            control = self.find_if(lambda node: node.description == description, description)
+            if control.name != entry:
+                rows = [row.name for row in control[0]]
+                control[0].queryTable().addRowSelection(rows.index(entry))
+            return control.name == entry
+
+        wait_for(chosen, f"{entry!r} as {description!r}")
+
     def await_no_message(self, text):
         wait_for(lambda: not any(text in name for name in self.labels()), f"{text!r} closed")
 
@@ -204,9 +248,8 @@ class Program:
         return names
 
 
-def act(node):
-    """Does what the node is for. A question that this raises keeps the call waiting: go on then."""
-    try:
-        node.queryAction().doAction(0)
-    except GLib.Error:
-        pass
+def act(node, name=None):
+    """Does what the node is for, or the action of this name."""
+    actions = node.queryAction()
+    names = [actions.getName(i) for i in range(actions.nActions)]
+    actions.doAction(names.index(name) if name else 0)

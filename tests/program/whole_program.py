@@ -198,26 +198,8 @@ def paper_of_the_indicator(folder, path):
         return wait_for(lambda: open(paper, encoding="utf-8").read(), "what is printed")
 
 
-def text_in_pdf(path):
-    return subprocess.run(["pdftotext", "-layout", path, "-"], capture_output=True, text=True,
-                          check=True).stdout
-
-
-def words_of(text):
-    return [line.split() for line in text.splitlines() if line.strip()]
-
-
-def open_context_menu(program, key):
-    def windows():  # the menus among them, which the accessibility bus does not show
-        return xdotool("search", "--onlyvisible", "--pid", program.process.pid).split()
-
-    before = len(windows())
-    program.keys(key)
-    wait_for(lambda: len(windows()) > before, f"a context menu by {key}")
-
-
 def preview(folder, path):
-    """The paper by F7 and by the context menus: in window, tool, indicator and PDF the same."""
+    """The paper by F7 and by the context menus: in window, tool and indicator the same."""
     main_window = "VarnoTicketFormatter 1.0.2"
     paper = subprocess.run([os.path.join(FOLDER, "varno-tickets"), "print", path, "212"],
                            capture_output=True, text=True, check=True).stdout
@@ -238,38 +220,21 @@ def preview(folder, path):
         program.keys("Escape")
         program.await_window(main_window)
         for key in ("Menu", "shift+F10"):
-            open_context_menu(program, key)
+            program.keys(key)
+            program.find_if(lambda node: node.getRoleName() == "popup menu", f"a menu by {key}")
             program.keys("v")
             program.await_window("Ticket Preview")
             program.keys("Escape")
             program.await_window(main_window)
         tab_to(program, "Tickets")
         program.keys("Down")
-        open_context_menu(program, "Menu")
+        program.keys("Menu")
+        program.find_if(lambda node: node.getRoleName() == "popup menu", "a menu of the list")
         program.keys("v")
         program.await_window("Ticket Preview")
         program.await_text("Printed ticket", paper)
         expect(program.find("Printed ticket").getState().contains(pyatspi.STATE_READ_ONLY),
                "the paper can be changed")
-
-        pdf = os.path.join(folder, "Ticket.pdf")
-        program.keys("alt+d")
-        program.await_window("Save As")
-        program.keys("ctrl+a")
-        program.type(pdf)
-        program.keys("Return")
-        wait_for(lambda: os.path.exists(pdf), "the PDF")
-        program.await_window("Ticket Preview")
-        pages = text_in_pdf(pdf)
-        expect(pages.count("\f") == 1, "the PDF has more than a page")
-        printed = words_of(pages.replace("\f", ""))
-        expect(printed[:-2] == words_of(paper), f"the PDF holds {printed}")
-        expect(printed[-2] == ["Blue:", "sample", "values"], "the PDF says nothing of samples")
-
-        program.keys("alt+p")
-        program.await_window("Print")
-        program.keys("Escape")
-        program.await_window("Ticket Preview")
         program.keys("alt+c")
         program.await_window(main_window)
         program.await_text("Ticket editor", "Net÷5¬\n")
