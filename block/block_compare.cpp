@@ -40,8 +40,9 @@ std::set<int> Numbers(std::initializer_list<const BlockContent*> blocks) {
 
 using LineSpan = std::span<const std::string>;
 
-// Of longer texts lines that both have count as different where lines around them differ.
-constexpr std::size_t MostCells = 1 << 24;
+// Of texts longer than tickets of a block lines that both have count as different where lines
+// around them differ.
+constexpr std::size_t MostCells = 1 << 22;
 
 // The lines of one that the other has not, in place; those that both have stand between them
 // without being shown. By the longest common subsequence.

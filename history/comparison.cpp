@@ -1,10 +1,42 @@
 #include "history/comparison.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "block/block_compare.h"
 #include "block/block_file.h"
 #include "block/image.h"
+#include "codec/utf8.h"
 
 namespace varno {
+namespace {
+
+std::string Cut(std::string sentence) {
+    if (sentence.size() > MostSentenceBytes) {
+        std::size_t end = MostSentenceBytes;
+        while ((static_cast<unsigned char>(sentence[end]) & 0xC0U) == 0x80U) {
+            --end;
+        }
+        const std::size_t rest = FromUtf8(sentence.substr(end)).size();
+        sentence.resize(end);
+        sentence += " ... and " + std::to_string(rest) + " more characters";
+    }
+    return sentence;
+}
+
+std::vector<std::string> Cut(std::vector<std::string> told) {
+    const std::size_t shown = std::min(told.size(), MostSentences);
+    const std::size_t rest = told.size() - shown;
+    told.resize(shown);
+    std::transform(told.begin(), told.end(), told.begin(),
+                   [](std::string& sentence) { return Cut(std::move(sentence)); });
+    if (rest > 0) {
+        told.push_back("... and " + std::to_string(rest) + " more lines");
+    }
+    return told;
+}
+
+}  // namespace
 
 std::vector<std::string> CompareBlocks(const std::string& openImage, const std::string& copyImage,
                                        const CodeComment& comment) {
@@ -23,7 +55,7 @@ std::vector<std::string> CompareBlocks(const std::string& openImage, const std::
     if (differences.empty()) {
         told.emplace_back("The tickets and the keys are the same.");
     }
-    return told;
+    return Cut(std::move(told));
 }
 
 std::vector<std::string> CompareTickets(const MarkedText& openTicket, const MarkedText& copyTicket,
@@ -36,7 +68,7 @@ std::vector<std::string> CompareTickets(const MarkedText& openTicket, const Mark
     if (told.empty()) {
         told.emplace_back("What prints is the same; comments or the look of the text differ.");
     }
-    return told;
+    return Cut(std::move(told));
 }
 
 }  // namespace varno

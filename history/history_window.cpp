@@ -25,9 +25,10 @@ using std::chrono::steady_clock;
 // How long reading the copies may keep the keys waiting.
 constexpr milliseconds LearningTime{8};
 
-std::vector<Word> BodyOf(const std::string& rtf) {
-    MarkedText ticket;
-    (void)LoadMarkedText(rtf, ticket);
+// Of a longer ticket, which no block takes, the paper shows the beginning.
+constexpr std::size_t MostWordsOnPaper = 4'000;
+
+std::vector<Word> BodyOf(const MarkedText& ticket) {
     std::vector<Word> body;
     for (const PlacedWord& placed : EncodeBody(ticket)) {
         body.push_back(placed.word);
@@ -196,11 +197,17 @@ void HistoryWindow::Copies_Click() {
 
 void HistoryWindow::ReadChosen() {
     content_.clear();
+    ticket_ = {};
     unreadable_ = chosen_ ? history_.Read(*chosen_, content_) : Error();
     const bool isRead = chosen_ && !unreadable_;
+    const bool isTicket = chosen_ && chosen_->kind == CopyKind::Ticket;
     window_->Get<Button>("OpenButton").SetEnabled(isRead);
     window_->Get<Button>("SaveCopyButton").SetEnabled(isRead);
-    ShowTickets(isRead ? FindingsIn(chosen_->kind, content_).tickets : std::vector<int>());
+    if (isRead && isTicket) {
+        unreadable_ = LoadMarkedText(content_, ticket_);
+    }
+    ShowTickets(isRead && !isTicket ? FindingsIn(CopyKind::Block, content_).tickets
+                                    : std::vector<int>());
     Compare();
 }
 
@@ -219,11 +226,7 @@ std::vector<std::string> HistoryWindow::DifferencesOfChosen() const {
     if (chosen_->kind == CopyKind::Block) {
         return CompareBlocks(work_.block.TicketBuffer, ImageIn(content_), work_.comment);
     }
-    MarkedText ticket;
-    if (const Error error = LoadMarkedText(content_, ticket)) {
-        return {*error};
-    }
-    return CompareTickets(work_.RichText.Content(), ticket, work_.comment);
+    return CompareTickets(work_.RichText.Content(), ticket_, work_.comment);
 }
 
 // The number that was chosen stays so, if the copy has it.
@@ -235,7 +238,9 @@ void HistoryWindow::ShowTickets(const std::vector<int>& numbers) {
     tickets_ = numbers;
     copyTicket_->Clear();
     if (chosen_ && chosen_->kind == CopyKind::Ticket) {
-        copyTicket_->AddItem("the ticket");
+        copyTicket_->AddItem(BodyOf(ticket_).size() > MostWordsOnPaper
+                                 ? "the beginning of the ticket"
+                                 : "the ticket");
     }
     for (const int each : tickets_) {
         copyTicket_->AddItem("ticket " + std::to_string(each));
@@ -258,9 +263,10 @@ void HistoryWindow::ShowPaper() {
     std::vector<Word> body;
     if (row >= 0 && chosen_) {
         body = chosen_->kind == CopyKind::Ticket
-                   ? BodyOf(content_)
+                   ? BodyOf(ticket_)
                    : BodyOf(ImageIn(content_), tickets_[static_cast<std::size_t>(row)]);
     }
+    body.resize(std::min(body.size(), MostWordsOnPaper));
     paper_->ShowPaper(LayOut(body, effects_));
 }
 

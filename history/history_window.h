@@ -75,6 +75,7 @@ class HistoryWindow {
     CopyRows rows_;
     std::optional<Copy> chosen_;
     std::string content_;                 // of the chosen copy
+    MarkedText ticket_;                   // of the chosen copy, if it is one of a ticket
     Error unreadable_;                    // why it could not be read
     std::vector<int> tickets_;            // of the chosen copy, as the list of its tickets has them
     std::vector<std::string> sentences_;  // what differs

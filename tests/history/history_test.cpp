@@ -131,6 +131,25 @@ TEST_F(HistoryTest, CopiesAreDescribed) {
     EXPECT_FALSE(Matches("After an upload", "upload shop"));
 }
 
+// As long as the editor takes them, without a line end or of nothing else.
+TEST(Comparison, CutsWhatNoBlockHolds) {
+    MarkedText line;
+    MarkedText lines;
+    for (int i = 0; i < 500'000; ++i) {
+        line.Append(u"\u00E9", {});
+    }
+    for (int i = 0; i < 20'000; ++i) {
+        lines.Append(u"x\u00AC", {});
+    }
+    const std::vector<std::string> told = CompareTickets(line, lines, {});
+    ASSERT_EQ(told.size(), MostSentences + 1);
+    EXPECT_EQ(told[0].substr(told[0].size() - 35), "\u00E9\u00E9 ... and 499002 more characters");
+    EXPECT_EQ(told.back(), "... and 15001 more lines");
+    MarkedText longer = lines;  // what differs is found behind what is cut
+    longer.Append(u"y", {});
+    EXPECT_EQ(CompareTickets(lines, longer, {}), std::vector<std::string>{"  + y"});
+}
+
 TEST_F(HistoryTest, KeepsEachContentOnceAndPrivately) {
     History history = Open();
     Copy copy{.time = Noon, .cause = Cause::Delete, .name = "Shop1"};

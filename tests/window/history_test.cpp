@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTreeView>
@@ -255,12 +256,17 @@ TEST_F(WindowOfTheHistory, TellsOfEachCopyAndFindsIt) {
 TEST_F(WindowOfTheHistory, TellsWhatDiffersFromWhatIsOpen) {
     Keep("20260101T000000000Z_delete_Plant.VRB", Block({300, 212}));
     Keep("20260102T000000000Z_save_Shop1.VRT", Rtf);
+    Keep("20250101T000000000Z_save_Long.VRT", "{\\rtf1 " + std::string(4001, 'x') + "}");
     window.Start();
     window.TypeTicket("new");
     Open();
     EXPECT_EQ(Differences(), "  - new|\n  + old|\n");
     auto* paper = history->findChild<PaperSheet*>("Paper");
     EXPECT_EQ(paper->Text(), "old\n");
+    Choose(2);  // more than a block takes
+    EXPECT_EQ(paper->Text().count('x'), 4000);
+    EXPECT_EQ(history->findChild<QComboBox*>("CopyTicket")->currentText(),
+              "the beginning of the ticket");
     Choose(1);
     EXPECT_EQ(Differences(), "ticket 212 is only in the copy|\nticket 300 is only in the copy|\n");
     EXPECT_EQ(paper->Text(), "Net\n");
