@@ -17,7 +17,6 @@ constexpr std::size_t LongestName = 120;  // bytes; most disks take 255 for the 
 constexpr std::size_t LongestPort = 60;
 constexpr std::string_view NotInNames = "/\\:*?\"<>|%";
 constexpr std::string_view NotInPorts = "/\\:*?\"<>|%_";  // behind a port stands "_"
-constexpr std::size_t TimeLength = 19;                    // 20261123T073849123Z
 
 struct CauseWords {
     Cause cause;
@@ -138,13 +137,14 @@ std::string FileNameOf(const Copy& copy) {
 
 std::optional<Copy> CopyOfName(std::string_view fileName) {
     const std::optional<CopyTime> time = TimeOf(fileName);
-    const std::size_t afterCause = fileName.find('_', TimeLength + 1);
+    const std::size_t afterCause = fileName.find('_', CopyTimeLength + 1);
     const std::size_t afterName = fileName.rfind('.');
     if (!time || afterCause == std::string_view::npos || afterName == std::string_view::npos ||
         afterName < afterCause) {
         return std::nullopt;
     }
-    const std::string_view why = fileName.substr(TimeLength + 1, afterCause - TimeLength - 1);
+    const std::string_view why =
+        fileName.substr(CopyTimeLength + 1, afterCause - CopyTimeLength - 1);
     const std::string_view word = why.substr(0, why.find('-'));
     const auto words = std::find_if(Causes.begin(), Causes.end(),
                                     [word](const CauseWords& cause) { return cause.word == word; });

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +35,9 @@ enum class Cause {
 enum class CopyKind { Block, Ticket };
 
 using CopyTime = std::chrono::sys_time<std::chrono::milliseconds>;
+
+// Of the time that a file name begins with.
+inline constexpr std::size_t CopyTimeLength = 19;
 
 struct Copy {
     CopyTime time{};

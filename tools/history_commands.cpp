@@ -22,7 +22,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view Latest = "latest";
-constexpr std::size_t TimeLength = 19;  // of a file name: "20261123T073849123Z"
 
 // Nothing that the operator chose to keep is thrown away.
 constexpr HistoryLimits NoLimits{.age = std::chrono::days(365'000),
@@ -65,7 +64,7 @@ std::string HandleOf(const std::vector<Copy>& copies, std::size_t index) {
         return other < copies.size() && copies[other].time == copies[index].time;
     };
     const std::string name = FileNameOf(copies[index]);
-    return sameTime(index - 1) || sameTime(index + 1) ? name : name.substr(0, TimeLength);
+    return sameTime(index - 1) || sameTime(index + 1) ? name : name.substr(0, CopyTimeLength);
 }
 
 std::string Padded(std::string text, std::size_t width) {
