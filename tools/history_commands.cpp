@@ -34,6 +34,19 @@ std::vector<Copy> CopiesFor(const Request& request) {
     return history.Copies();
 }
 
+// Names were not typed here, as those of files are in other commands: none of them makes a terminal
+// do anything, and each is told in a way that can be typed.
+std::string Told(std::string_view name) {
+    std::u16string told = FromUtf8(name);
+    const auto isControl = [](char16_t c) { return c < u' ' || (c >= u'\x7F' && c < u'\xA0'); };
+    std::replace_if(told.begin(), told.end(), isControl, u'\uFFFD');
+    return ToUtf8(told);
+}
+
+std::string NameOf(const Copy& copy) {
+    return Told(FileNameOf(copy));
+}
+
 std::string KindAndName(const CopyHeading& heading) {
     return heading.kind + (heading.name.empty() ? "" : " " + heading.name);
 }
@@ -63,7 +76,7 @@ std::string HandleOf(const std::vector<Copy>& copies, std::size_t index) {
     const auto sameTime = [&](std::size_t other) {
         return other < copies.size() && copies[other].time == copies[index].time;
     };
-    const std::string name = FileNameOf(copies[index]);
+    const std::string name = NameOf(copies[index]);
     return sameTime(index - 1) || sameTime(index + 1) ? name : name.substr(0, CopyTimeLength);
 }
 
@@ -87,7 +100,8 @@ void TellPeople(const History& history, const std::vector<Copy>& copies) {
     std::array<std::size_t, columns> widths{};
     for (std::size_t i = 0; i < copies.size(); ++i) {
         const CopyHeading heading = HeadingOf(history, copies[i]);
-        rows.push_back({HandleOf(copies, i), heading.when, KindAndName(heading), heading.what});
+        rows.push_back(
+            {HandleOf(copies, i), heading.when, Told(KindAndName(heading)), Told(heading.what)});
         for (std::size_t column = 0; column < columns; ++column) {
             widths[column] = std::max(widths[column], FromUtf8(rows[i][column]).size());
         }
@@ -96,13 +110,13 @@ void TellPeople(const History& history, const std::vector<Copy>& copies) {
         for (std::size_t column = 0; column < columns; ++column) {
             std::cout << Padded(rows[i][column], widths[column]) << "  ";
         }
-        std::cout << Verdict(copies[i].kind, FindingsOf(history, copies[i])) << '\n';
+        std::cout << Told(Verdict(copies[i].kind, FindingsOf(history, copies[i]))) << '\n';
     }
 }
 
 JsonObject ObjectOf(const Copy& copy, const CopyHeading& heading, const CopyFindings& findings) {
     return JsonObject()
-        .Add("copy", FileNameOf(copy))
+        .Add("copy", NameOf(copy))
         .Add("when", heading.when)
         .Add("what", heading.what)
         .Add("kind", heading.kind)
@@ -120,14 +134,15 @@ void TellScripts(const History& history, const std::vector<Copy>& copies) {
     std::cout << JsonObject().Add("copies", objects).Text() << '\n';
 }
 
-// The copy whose file name begins with the text, or the newest one of all.
+// The copy whose file name, as it is or as it is told, begins with the text; or the newest of all.
 Copy CopyMeantBy(const Request& request, const std::string& text) {
     std::vector<Copy> copies = CopiesFor(request);
     if (text == Latest) {
         copies.resize(std::min<std::size_t>(copies.size(), 1));
     } else {
-        std::erase_if(copies,
-                      [&](const Copy& copy) { return !FileNameOf(copy).starts_with(text); });
+        std::erase_if(copies, [&](const Copy& copy) {
+            return !FileNameOf(copy).starts_with(text) && !NameOf(copy).starts_with(text);
+        });
         const auto whole = std::find_if(copies.begin(), copies.end(),
                                         [&](const Copy& copy) { return FileNameOf(copy) == text; });
         if (whole != copies.end()) {
@@ -140,8 +155,8 @@ Copy CopyMeantBy(const Request& request, const std::string& text) {
     }
     if (copies.size() > 1) {
         throw Refusal(Ending::CouldNot, "\"" + text + "\" means " + std::to_string(copies.size()) +
-                                            " copies, such as " + FileNameOf(copies[0]) + " and " +
-                                            FileNameOf(copies[1]));
+                                            " copies, such as " + NameOf(copies[0]) + " and " +
+                                            NameOf(copies[1]));
     }
     return copies.front();
 }
@@ -164,7 +179,9 @@ OpenedCopy Opened(const Request& request) {
 
 void TellPeople(const OpenedCopy& opened) {
     const CopyHeading& heading = opened.heading;
-    std::cout << KindAndName(heading) << "\n" << heading.when << "\n" << heading.what << "\n";
+    std::cout << Told(KindAndName(heading)) << "\n"
+              << heading.when << "\n"
+              << Told(heading.what) << "\n";
     if (opened.copy.kind == CopyKind::Block) {
         std::cout << "tickets: " << TicketsText(opened.copy.kind, opened.findings) << "\n";
     }

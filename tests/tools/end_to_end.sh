@@ -281,6 +281,17 @@ expect 0 "" history restore --force 20211123T07 hurt.VRB
 [[ $("$tool" history list hurt) == *' block hurt '* ]] || failed=1
 expect 1 "$(head -c 4000 clean.VRB)varno-tickets: -: written, but the copy is damaged" history restore 20211123T22 -
 expect 3 "varno-tickets: AB.VRT: Not a directory" history list --backup=AB.VRT
+# Whatever a name is made of, the terminal is left alone, and what is told means the copy again.
+mkdir odd
+cp clean.VRB $'odd/20211123T073849123Z_save_\x80.VRB'
+cp clean.VRB $'odd/20211123T073849123Z_upload-%1B[31m_\xC2\x9B%0D.VRB'
+expect 0 "20211123T073849123Z_upload-%1B[31m_�%0D.VRB  2021-11-23 09:38:49  block ��  Before an upload from �[31m  sound    tickets: 212
+20211123T073849123Z_save_�.VRB               2021-11-23 09:38:49  block �   Before a file was replaced   sound    tickets: 212" \
+    history list --backup=odd
+[[ $("$tool" history list --json --backup=odd) == *'"copy":"20211123T073849123Z_save_�.VRB"'* ]] || failed=1
+for copy in 20211123T073849123Z_save_� 20211123T073849123Z_upload-%1B[31m_�%0D.VRB; do
+    "$tool" history restore "$copy" - --backup=odd | cmp - clean.VRB || failed=1
+done
 
 # The sample block is what its source gives, and gives its source again.
 plant="$(dirname "$tool")/Plant.VRB"
