@@ -11,10 +11,9 @@ class AccessibleFront : public QAccessibleInterface {
   public:
     // Of two interfaces of a widget, the one that was registered last is asked.
     explicit AccessibleFront(QWidget* widget)
-        : own_(QAccessible::queryAccessibleInterface(widget)) {}
-    ~AccessibleFront() override {
-        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(own_));
-    }
+        : own_(QAccessible::queryAccessibleInterface(widget)),
+          ownId_(QAccessible::uniqueId(own_)) {}
+    ~AccessibleFront() override { QAccessible::deleteAccessibleInterface(ownId_); }
 
     bool isValid() const override { return own_->isValid(); }
     QObject* object() const override { return own_->object(); }
@@ -47,6 +46,7 @@ class AccessibleFront : public QAccessibleInterface {
 
   private:
     QAccessibleInterface* own_;
+    QAccessible::Id ownId_;  // by which Qt knows whether it has gone already
 };
 
 }  // namespace varno
