@@ -1,5 +1,6 @@
 #include "platform/qt/rich_text_box.h"
 
+#include <QApplication>
 #include <QPaintEvent>
 #include <QTextBlock>
 #include <QToolTip>
@@ -13,6 +14,34 @@
 #include "platform/qt/simple_controls.h"
 
 namespace varno {
+namespace {
+
+// Qt hides a tool tip when the pointer leaves a control, which it does too when a tip appears under
+// it. A note belongs to the caret.
+class StaysUnderPointer final : public QObject {
+  public:
+    explicit StaysUnderPointer(QWidget* tip) : QObject(tip), tip_(*tip) {
+        setObjectName(QStringLiteral("StaysUnderPointer"));
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        return event->type() == QEvent::Leave && tip_.geometry().contains(QCursor::pos());
+    }
+
+  private:
+    const QWidget& tip_;
+};
+
+void KeepTipUnderPointer() {
+    for (QWidget* const tip : QApplication::topLevelWidgets()) {
+        if (tip->inherits("QTipLabel") &&
+            tip->findChild<QObject*>(QStringLiteral("StaysUnderPointer")) == nullptr) {
+            new StaysUnderPointer(tip);
+        }
+    }
+}
+
+}  // namespace
 
 RichTextView::RichTextView(QtRichTextBox* control, QWidget* parent)
     : QTextEdit(parent), control_(control) {
@@ -188,6 +217,7 @@ void QtRichTextBox::ShowNote(const std::string& text) {
     // The same text would be the old note to Qt: left where it is, and hidden as the caret moved.
     note += QToolTip::text() == note ? " " : "";
     QToolTip::showText(paper->mapToGlobal(place), note, paper);
+    KeepTipUnderPointer();
 }
 
 void QtRichTextBox::AsOneStep(const std::function<void()>& change) {

@@ -272,11 +272,16 @@ TEST_F(PreviewTest, TellsWhereTheCaretIs) {
         QTest::keyClick(editor, row.length > 0 ? Qt::Key_Escape : Qt::Key_Right);
         EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); })) << row.note;
     }
-    // The same note at a new place is another one, and stays.
+    // The same note at a new place is another one, and stays, under the pointer too, which leaves
+    // the text by that.
     for (const int caret : {9, 10}) {
         text.SetSelStart(caret);
         QTest::keyClick(editor, Qt::Key_F2);
     }
+    const QPoint atCaret = editor->cursorRect().bottomLeft();
+    QCursor::setPos(editor->viewport()->mapToGlobal(atCaret + QPoint(20, 30)));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(editor->viewport(), &leave);
     QTest::qWait(500);
     EXPECT_TRUE(QToolTip::isVisible());
     // On the paper as it was last shown.
