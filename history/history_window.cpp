@@ -183,10 +183,11 @@ void HistoryWindow::ShowSummary() {
     std::string summary = rows_.ShownCount() == rows_.Count()
                               ? all
                               : std::to_string(rows_.ShownCount()) + " of " + all;
+    std::string missing = work_.missing();
     if (const Error obstacle = history_.Obstacle()) {
-        summary = "The copies cannot be read. " + *obstacle;
+        summary = "The copies cannot be read";
+        missing = missing.empty() ? *obstacle : missing;
     }
-    const std::string missing = work_.missing();
     window_->Get<Label>("Summary").SetCaption(missing.empty() ? summary : summary + ". " + missing);
 }
 
