@@ -78,11 +78,14 @@ std::size_t TakeOption(const std::string& argument, const char* next, Request& r
         if (equals == std::string::npos) {
             return 1;
         }
-    } else if (equals != std::string::npos || next != nullptr) {
+    } else {
         const bool apart = equals == std::string::npos;
-        request.*std::get<std::string Request::*>(option.value) =
-            apart ? next : argument.substr(equals + 1);
-        return apart ? 2 : 1;
+        const char* const following = next == nullptr ? "" : next;
+        const std::string value = apart ? following : argument.substr(equals + 1);
+        if (!value.empty()) {  // as a variable is that a script never set
+            request.*std::get<std::string Request::*>(option.value) = value;
+            return apart ? 2 : 1;
+        }
     }
     throw Refusal(Ending::WrongUsage,
                   std::string(option.name) + " takes " +

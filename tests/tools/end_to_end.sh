@@ -231,6 +231,7 @@ expect 2 "varno-tickets: put --number takes TICKET BLOCK...$usage" put -n 212 AB
 expect 2 "varno-tickets: list takes no --svg$usage" list block.VRB --svg=x
 expect 2 "varno-tickets: --width takes COLUMNS$usage" print block.VRB 212 --width
 expect 2 "varno-tickets: --force takes nothing$usage" --force=x list block.VRB
+expect 2 "varno-tickets: --backup takes FOLDER$usage" receive block.VRB --backup ""
 expect 2 "varno-tickets: there is no option \"-v\"$usage" -v
 
 # The history: what is there, what a copy holds, and back into a file, whose content is kept too.
