@@ -1,7 +1,7 @@
 #include "platform/qt/accessibility_bridge.h"
 
 #if __has_include(<QDBusVirtualObject>)
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
@@ -20,6 +20,9 @@ constexpr const char* Bus = "a11y";
 constexpr const char* Objects = "/org/a11y/atspi/accessible";
 constexpr const char* Accessible = "org.a11y.atspi.Accessible";
 constexpr const char* Action = "org.a11y.atspi.Action";
+constexpr const char* EditableText = "org.a11y.atspi.EditableText";
+constexpr const char* Table = "org.a11y.atspi.Table";
+constexpr const char* Text = "org.a11y.atspi.Text";
 
 bool IsToggleButton(const QAccessibleInterface& object) {
     const auto* const button = qobject_cast<const QPushButton*>(object.object());
@@ -42,18 +45,36 @@ QVariant Attributes(QAccessibleInterface& object, const QVariantList& /*argument
                : QVariant();
 }
 
+// A box or dialog keeps keys and mouse from what is behind it; Qt lets the bus through.
+bool IsBlocked(const QAccessibleInterface& object) {
+    const QWidget* const modal = QApplication::activeModalWidget();
+    const QWidget* widget = nullptr;
+    for (const auto* at = &object; at != nullptr && widget == nullptr; at = at->parent()) {
+        widget = qobject_cast<QWidget*>(at->object());
+    }
+    while (widget != nullptr && widget != modal) {
+        widget = widget->parentWidget();
+    }
+    return modal != nullptr && widget == nullptr;
+}
+
+QVariant RefuseIfBlocked(QAccessibleInterface& object, const QVariantList& /*arguments*/) {
+    return IsBlocked(object) ? QVariant(false) : QVariant();
+}
+
 // Qt answers when all is done, and so keeps whoever opens a box waiting until it is closed. What a
 // value can do besides is left to Qt.
 QVariant ActSoon(QAccessibleInterface& object, const QVariantList& arguments) {
     QAccessibleActionInterface* const actions = object.actionInterface();
     const int index = arguments.value(0, -1).toInt();
     const QString name = actions != nullptr ? actions->actionNames().value(index) : QString();
-    if (name.isEmpty()) {
-        return {};
+    if (name.isEmpty() || IsBlocked(object)) {
+        return RefuseIfBlocked(object, arguments);
     }
     const auto act = [id = QAccessible::uniqueId(&object), name] {
         QAccessibleInterface* const still = QAccessible::accessibleInterface(id);
-        if (still != nullptr && still->isValid() && still->actionInterface() != nullptr) {
+        if (still != nullptr && still->isValid() && still->actionInterface() != nullptr &&
+            !IsBlocked(*still)) {
             still->actionInterface()->doAction(name);
         }
     };
@@ -73,6 +94,13 @@ constexpr Answer Answers[] = {
     {Accessible, "GetLocalizedRoleName", RoleName},
     {Accessible, "GetAttributes", Attributes},
     {Action, "DoAction", ActSoon},
+    {EditableText, "SetTextContents", RefuseIfBlocked},
+    {EditableText, "InsertText", RefuseIfBlocked},
+    {EditableText, "DeleteText", RefuseIfBlocked},
+    {EditableText, "CutText", RefuseIfBlocked},
+    {EditableText, "PasteText", RefuseIfBlocked},
+    {Table, "AddRowSelection", RefuseIfBlocked},
+    {Text, "SetCaretOffset", RefuseIfBlocked},
 };
 
 QVariant AnswerTo(const QDBusMessage& message) {

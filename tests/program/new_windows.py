@@ -12,7 +12,7 @@ import tempfile
 
 from assistive_technology import Listener
 from history_at_work import same
-from operator_at_work import Failure, Program, expect, pyatspi, wait_for
+from operator_at_work import Failure, Program, can_act, expect, pyatspi, wait_for
 from practice import Desk, Joined, make_home
 
 FOLDER = os.path.abspath(sys.argv[1])
@@ -61,6 +61,10 @@ def history(program, folder, block):
 
     choose_copy(program, "deleted", 1)
     program.press("Open")
+    program.await_message("Save the current ticket block?")
+    expect(not can_act(program.find("Delete ticket")), "a ticket is deleted behind a question")
+    expect(not program.find(EDITOR).queryEditableText().setTextContents("lost"),
+           "text is written behind a question")
     program.answer("Save the current ticket block?", "No")
     program.await_rows(rows)
     program.press("Close")

@@ -188,8 +188,8 @@ class Program:
         act(item)
 
     def write(self, name, text):
-        field = wait_for(lambda: self.find(name).queryEditableText(), f"the field {name!r}")
-        field.setTextContents(text)
+        wait_for(lambda: self.find(name).queryEditableText().setTextContents(text),
+                 f"the field {name!r}")
         self.await_text(name, text)
 
     def select(self, list_name, row):
@@ -248,8 +248,13 @@ class Program:
         return names
 
 
-def act(node, name=None):
-    """Does what the node is for, or the action of this name."""
+def can_act(node, name=None):
+    """Asks a node for what it is for, or the action of this name; whether it agrees."""
     actions = node.queryAction()
     names = [actions.getName(i) for i in range(actions.nActions)]
-    actions.doAction(names.index(name) if name else 0)
+    return actions.doAction(names.index(name) if name else 0)
+
+
+def act(node, name=None):
+    """The same, but first what is in front of its window has to be gone."""
+    wait_for(lambda: can_act(node, name), f"the action of {node.name!r}")
