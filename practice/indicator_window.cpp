@@ -13,12 +13,10 @@ namespace {
 // The roll ends in a basket: of what was printed before, the oldest is no longer seen.
 constexpr std::size_t MostRows = 2000;
 
-bool ShowIfOther(Label& label, const std::string& text) {
-    const bool isOther = label.Caption() != text;
-    if (isOther) {
+void ShowIfOther(Label& label, const std::string& text) {
+    if (label.Caption() != text) {
         label.SetCaption(text);
     }
-    return isOther;
 }
 
 }  // namespace
@@ -108,8 +106,8 @@ void IndicatorWindow::Serve() try {
 }
 
 void IndicatorWindow::ShowState() {
-    indicator_.TakeScreen();  // its display is enough here
-    if (ShowIfOther(window_->Get<Label>("Display"), indicator_.Display())) {
+    ShowIfOther(window_->Get<Label>("Display"), indicator_.Display());
+    if (!indicator_.TakeScreen().empty()) {  // said, maybe once more: its display is enough here
         window_->Announce(indicator_.Display());
     }
     ShowIfOther(window_->Get<Label>("LineState"), LineText(station_, port_));

@@ -11,6 +11,7 @@ import tempfile
 from gi.repository import GLib
 from indicator_at_work import Indicator
 from operator_at_work import Failure, Program, expect, pyatspi, wait_for
+from practice import INDICATOR, Desk, make_home
 
 FOLDER = os.path.abspath(sys.argv[1])
 PROGRAM = os.path.join(FOLDER, "VarnoTicketFormatter")
@@ -120,6 +121,17 @@ def transfer(program, listener, indicator):
     expect(len({text[:-2] for text in percents}) == len(percents), f"heard {percents}")
 
 
+def what_the_indicator_does(listener, home):
+    desk = Desk(home)
+    try:
+        for _ in range(2):
+            desk.press(desk.indicator, INDICATOR, "alt+p")
+        listener.hear("each ticket", lambda text: text == "Print: ticket 212"
+                      and listener.heard.count(text) == 2)
+    finally:
+        desk.kill()
+
+
 def main():
     with tempfile.TemporaryDirectory() as folder:
         for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"):
@@ -136,6 +148,7 @@ def main():
                 transfer(program, listener, indicator)
             finally:
                 program.kill()
+        what_the_indicator_does(listener, make_home(folder, "operator", None))
     print("assistive technology is told what is on the screen")
 
 
