@@ -172,7 +172,9 @@ void MarkPainter::PaintOverText() const {
     painter.setRenderHint(QPainter::Antialiasing);
     for (const Stretch& stretch : stretches_) {
         if (stretch.look != Kind::LeftOut) {
+            painter.setClipRegion(QRegion(stretch.box).subtracted(stretch.selected));
             Frame(painter, stretch.look, stretch.box, InkOf(stretch.look));
+            painter.setClipping(false);
         }
         if (!stretch.selected.isEmpty()) {
             PaintSelected(painter, stretch);

@@ -109,6 +109,19 @@ TEST_F(Marks, StandOnTheSelectionToo) {
         EXPECT_EQ(picture.pixelColor(place(1)), QColor(Qt::red));
         EXPECT_EQ(picture.pixelColor(place(3)), edit->palette().color(QPalette::HighlightedText));
     }
+    // Nothing of the frame's own colour shines through: what is selected in grey is grey.
+    QPalette greys = edit->palette();
+    greys.setColor(QPalette::Highlight, Qt::black);
+    greys.setColor(QPalette::HighlightedText, Qt::white);
+    edit->setPalette(greys);
+    box.SetContent(FromPicture("{b}P012{k}\n"));
+    QTextCursor code(edit->document());
+    const QRect front = edit->cursorRect(code);
+    code.setPosition(4, QTextCursor::KeepAnchor);
+    edit->setTextCursor(code);
+    const QImage selected = Shown().copy(
+        QRect(front.topLeft(), QPoint(edit->cursorRect(code).left() - 1, front.bottom())));
+    EXPECT_TRUE(selected.allGray());
 }
 
 TEST_F(Marks, ChangeNothingAndAreRemembered) {
