@@ -78,17 +78,17 @@ Form1::Form1(Platform& platform)
                 .caretPlaced = [this] { editor_.RichText_Click(); },
                 .savePdf = [this](const std::string& name,
                                   const std::string& bytes) { files_.SavePdfAs(name, bytes); }}),
-      history_(
-          platform,
-          {.window = *window_,
-           .RichText = controls_.RichText,
-           .block = state_.block,
-           .comment = CommentsOf(catalogues_),
-           .isKeeping = [this] { return safekeeping_.IsBusy(); },
-           .missing = [this] { return safekeeping_.Missing(); },
-           .open = [this](const Copy& copy, const std::string& bytes) { OpenCopy(copy, bytes); },
-           .saveAs = [this](const Copy& copy,
-                            const std::string& bytes) { files_.SaveCopyAs(copy, bytes); }}) {
+      history_(platform,
+               {.window = *window_,
+                .RichText = controls_.RichText,
+                .block = state_.block,
+                .comment = CommentsOf(catalogues_),
+                .isKeeping = [this] { return safekeeping_.IsBusy(); },
+                .missing = [this] { return safekeeping_.Missing(); },
+                .open = [this](const Copy& copy,
+                               const std::string& bytes) { return OpenCopy(copy, bytes); },
+                .saveAs = [this](const Copy& copy,
+                                 const std::string& bytes) { files_.SaveCopyAs(copy, bytes); }}) {
     ConnectFiles();
     ConnectBlock();
     ConnectEditor();
@@ -194,10 +194,10 @@ void Form1::ConnectPreview() {
 }
 
 // The rest of an image is not added to a block that was opened. The keys go to what was opened.
-void Form1::OpenCopy(const Copy& copy, const std::string& bytes) {
+bool Form1::OpenCopy(const Copy& copy, const std::string& bytes) {
     if (const Error error = files_.OpenCopy(copy, bytes)) {
         platform_.DialogBoxes().ShowMessage(*error, ApplicationTitle, Buttons::Ok, Icon::Critical);
-        return;
+        return false;
     }
     if (copy.kind == CopyKind::Block) {
         upload_.Stop();
@@ -205,7 +205,7 @@ void Form1::OpenCopy(const Copy& copy, const std::string& bytes) {
     Control& opened = copy.kind == CopyKind::Ticket ? static_cast<Control&>(controls_.RichText)
                                                     : controls_.TicketList;
     opened.SetFocus();
-    window_->Activate();
+    return true;
 }
 
 void Form1::ConnectWindow() {

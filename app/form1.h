@@ -47,7 +47,7 @@ class Form1 {
     void ConnectEditor();
     void ConnectLink();
     void ConnectPreview();
-    void OpenCopy(const Copy& copy, const std::string& bytes);
+    bool OpenCopy(const Copy& copy, const std::string& bytes);
     void ConnectWindow();
     void OpenFileOfCommandLine();
 

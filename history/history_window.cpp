@@ -42,6 +42,14 @@ std::vector<Word> BodyOf(const std::string& image, int number) {
     return record == nullptr ? std::vector<Word>() : record->body;
 }
 
+// Whether the one hides more of the other than its border.
+bool Covers(const Place& one, const Place& other) {
+    constexpr int Border = 300;
+    const auto isPast = [](int end, int begin) { return end - begin > Border; };
+    return isPast(one.left + one.width, other.left) && isPast(other.left + other.width, one.left) &&
+           isPast(one.top + one.height, other.top) && isPast(other.top + other.height, one.top);
+}
+
 // Nothing that is kept by it.
 bool ChangesNothing(CommandEvent event) {
     using enum CommandEvent;
@@ -99,7 +107,7 @@ void HistoryWindow::ConnectEvents() {
     window_->Get<Button>("OpenButton").OnClick = [this] { OpenButton_Click(); };
     window_->Get<Button>("SaveCopyButton").OnClick = [this] { SaveCopyButton_Click(); };
     window_->Get<Button>("CloseButton").OnClick = [this] { Leave(); };
-    window_->Get<MenuItem>("BackToWork").OnClick = [this] { work_.window.Activate(); };
+    window_->Get<MenuItem>("BackToWork").OnClick = [this] { BackToWork(); };
     ConnectPaperItems(*window_);
 }
 
@@ -111,6 +119,15 @@ void HistoryWindow::Form_Resize() {
 // The keys go back to where they were.
 void HistoryWindow::Leave() {
     window_->Hide();
+    work_.window.Activate();
+}
+
+// This window stands above the other. Where there is no room beside it, it does not hide what has
+// the keys then.
+void HistoryWindow::BackToWork() {
+    if (Covers(window_->CurrentOuterPlace(), work_.window.CurrentOuterPlace())) {
+        window_->Hide();
+    }
     work_.window.Activate();
 }
 
@@ -275,7 +292,7 @@ void HistoryWindow::ShowPaper() {
 void HistoryWindow::OpenButton_Click() {
     const Copy copy = *chosen_;
     const std::string content = content_;
-    work_.open(copy, content);
+    work_.open(copy, content) ? BackToWork() : window_->Activate();
 }
 
 void HistoryWindow::SaveCopyButton_Click() {

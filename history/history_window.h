@@ -26,8 +26,8 @@ struct OpenWork {
     CodeComment comment;
     std::function<bool()> isKeeping;       // copies are still being made
     std::function<std::string()> missing;  // what is not kept, and why; empty if nothing
-    // Puts the copy of these bytes in the place of what is open.
-    std::function<void(const Copy&, const std::string& bytes)> open;
+    // Puts the copy of these bytes in the place of what is open; false if it cannot be opened.
+    std::function<bool(const Copy&, const std::string& bytes)> open;
     // Asks where to save the copy of these bytes and saves it.
     std::function<void(const Copy&, const std::string& bytes)> saveAs;
 };
@@ -51,6 +51,7 @@ class HistoryWindow {
     void OpenButton_Click();
     void SaveCopyButton_Click();
     void Leave();
+    void BackToWork();
 
     bool IsShown() const { return window_ && window_->IsShown(); }
     void ReadCopies();

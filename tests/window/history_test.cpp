@@ -119,6 +119,7 @@ class WindowOfTheHistory : public HistoryOfTheWindow {
         history = window.TopLevel()->findChild<QWidget*>("History");
         ASSERT_TRUE(history != nullptr && history->isVisible());
         QApplication::setActiveWindow(history);
+        history->move(window.TopLevel()->geometry().right(), 0);  // as on a large screen
     }
     std::string Rows(const char* table = "Copies", int firstColumn = 1) {
         const QAbstractItemModel& model = *history->findChild<QTreeView*>(table)->model();
@@ -341,6 +342,10 @@ TEST_F(WindowOfTheHistory, GivesLostWorkBack) {
     window.Choose("SaveTicket");
     const std::string row = "While it was worked on|ticket|Shop1||sound|\n";
     EXPECT_TRUE(QTest::qWaitFor([&] { return Rows() == row + row; })) << Rows();
+
+    history->move(window.TopLevel()->pos());  // it would hide what was opened
+    Press("OpenButton");
+    EXPECT_FALSE(history->isVisible());
 }
 
 TEST_F(WindowOfTheHistory, LeavesTheWorkOfAnotherProgramToIt) {
