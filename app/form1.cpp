@@ -169,7 +169,7 @@ void Form1::ConnectEditor() {
 
 void Form1::ConnectLink() {
     message_.OnChange = [this] {
-        const std::string spoken = spokenStatus_.Of(message_.Caption());
+        const std::string spoken = spokenStatus_.Of(message_.Caption(), msComm1_->PortOpen());
         if (!spoken.empty()) {
             window_->Announce(spoken);
         }

@@ -15,7 +15,10 @@ std::string InTens(std::string caption) {
 
 }  // namespace
 
-std::string SpokenStatus::Of(const std::string& caption) {
+std::string SpokenStatus::Of(const std::string& caption, bool isPortOpen) {
+    if (!caption.empty() && !isPortOpen) {
+        return {};
+    }
     const std::string now = InTens(caption);
     const std::string before = std::exchange(last_, now);
     if (before == now) {

@@ -126,8 +126,8 @@ TEST(BlockTransfer, TellsWholePercents) {
 TEST(SpokenStatus, IsSpokenOnceInTenPercent) {
     SpokenStatus spoken;
     std::string said;
-    const auto show = [&](const std::string& caption) {
-        const std::string now = spoken.Of(caption);
+    const auto show = [&](const std::string& caption, bool isPortOpen = true) {
+        const std::string now = spoken.Of(caption, isPortOpen);
         said += now.empty() ? "" : now + "|";
     };
     show("");
@@ -136,6 +136,7 @@ TEST(SpokenStatus, IsSpokenOnceInTenPercent) {
         show(ReceivingText(percent));
     }
     show("");
+    show(TransmittingText(29), false);  // by the loop of a download that was stopped
     show("");
     std::string expected = std::string(StartTransmission) + "|";
     for (const int percent : {0, 12, 21, 30, 42, 51, 60, 72, 81, 90, 102}) {
