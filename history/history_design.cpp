@@ -13,7 +13,7 @@ using Kind = ControlKind;
 // In the order of CopyColumn.
 constexpr std::array CopyColumns{
     ColumnDesign{"When", 1740}, ColumnDesign{"What happened", 2910}, ColumnDesign{"Kind", 690},
-    ColumnDesign{"Name", 1230}, ColumnDesign{"Tickets", 1350},       ColumnDesign{"Soundness", 900},
+    ColumnDesign{"Name", 1230}, ColumnDesign{"Tickets", 1350, true}, ColumnDesign{"Soundness", 900},
 };
 constexpr std::array<ColumnDesign, 1> Sentences{};
 
@@ -93,18 +93,24 @@ constexpr WindowDesign Design{.name = "History",
                               .controls = Controls,
                               .contextItems = Items};
 
+// Percent of the width that a wider window gives to the copies, and to the paper.
+constexpr int Left = 60;
+constexpr int Right = 100 - Left;
+
 constexpr std::array Layout{
     LayoutRow{"Summary", Measure::Width, -360},
-    LayoutRow{"Find", Measure::Width, -4560},
-    LayoutRow{"Copies", Measure::Width, -4080},
+    LayoutRow{"Find", Measure::Width, 768, Left},
+    LayoutRow{"Copies", Measure::Width, 1248, Left},
     LayoutRow{"Copies", Measure::Height, -4305},
     LayoutRow{"DifferencesLabel", Measure::Top, -3225},
-    LayoutRow{"DifferencesLabel", Measure::Width, -4080},
+    LayoutRow{"DifferencesLabel", Measure::Width, 1248, Left},
     LayoutRow{"Differences", Measure::Top, -2925},
-    LayoutRow{"Differences", Measure::Width, -4080},
-    LayoutRow{"CopyTicketLabel", Measure::Left, -3840},
-    LayoutRow{"CopyTicket", Measure::Left, -3060},
-    LayoutRow{"Paper", Measure::Left, -3840},
+    LayoutRow{"Differences", Measure::Width, 1248, Left},
+    LayoutRow{"CopyTicketLabel", Measure::Left, 1488, Left},
+    LayoutRow{"CopyTicket", Measure::Left, 2268, Left},
+    LayoutRow{"CopyTicket", Measure::Width, -2508, Right},
+    LayoutRow{"Paper", Measure::Left, 1488, Left},
+    LayoutRow{"Paper", Measure::Width, -1728, Right},
     LayoutRow{"Paper", Measure::Height, -2085},
     LayoutRow{"OpenButton", Measure::Top, -1005},
     LayoutRow{"SaveCopyButton", Measure::Top, -1005},

@@ -47,7 +47,8 @@ enum class FontFace {
 
 struct ColumnDesign {
     std::string_view caption;
-    int width = 0;  // 0: as wide as what stands in it
+    int width = 0;           // 0: as wide as what stands in it
+    bool takesRest = false;  // what the others leave, instead of its width
 };
 
 struct ControlDesign {

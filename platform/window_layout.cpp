@@ -6,21 +6,23 @@ namespace varno {
 namespace {
 
 void Apply(const LayoutRow& row, Place& place, int outerWidth, int outerHeight) {
+    const int x = outerWidth * row.percent / 100 + row.offset;
+    const int y = outerHeight * row.percent / 100 + row.offset;
     switch (row.measure) {
         case Measure::Left:
-            place.left = outerWidth + row.offset;
+            place.left = x;
             break;
         case Measure::Right:
-            place.left = outerWidth + row.offset - place.width;
+            place.left = x - place.width;
             break;
         case Measure::Top:
-            place.top = outerHeight + row.offset;
+            place.top = y;
             break;
         case Measure::Width:
-            place.width = outerWidth + row.offset;
+            place.width = x;
             break;
         case Measure::Height:
-            place.height = outerHeight + row.offset;
+            place.height = y;
             break;
     }
 }

@@ -21,7 +21,8 @@ enum class Measure {
 struct LayoutRow {
     std::string_view control;
     Measure measure;
-    int offset;  // twips, added to the window's width or height
+    int offset;         // twips, added to the window's width or height
+    int percent = 100;  // of that width or height
 };
 
 // Everything not named keeps its place. False if a width or height would be negative; nothing is

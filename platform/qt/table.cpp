@@ -14,14 +14,13 @@ void SetUpColumns(QHeaderView& header, std::span<const ColumnDesign> columns) {
     const bool hasCaptions = std::any_of(
         columns.begin(), columns.end(), [](const auto& column) { return !column.caption.empty(); });
     header.setVisible(hasCaptions);
-    header.setStretchLastSection(hasCaptions);
     header.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (columns[i].width > 0) {
-            header.resizeSection(static_cast<int>(i), ToPixels(columns[i].width));
-        } else {
-            header.setSectionResizeMode(static_cast<int>(i), QHeaderView::ResizeToContents);
-        }
+        const int column = static_cast<int>(i);
+        header.setSectionResizeMode(column, columns[i].takesRest   ? QHeaderView::Stretch
+                                            : columns[i].width > 0 ? QHeaderView::Interactive
+                                                                   : QHeaderView::ResizeToContents);
+        header.resizeSection(column, ToPixels(columns[i].width));
     }
 }
 
