@@ -51,14 +51,16 @@ double Contrast(const QColor& ink, const QColor& paper) {
 
 }  // namespace
 
-// The face is made darker under light ink and lighter under dark ink.
+// The face is made darker under light ink and lighter under dark ink, and a little more: a selected
+// row is shaded from above to below, by 3 % around its colour.
 void Style::polish(QPalette& palette) {
     QProxyStyle::polish(palette);
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         const QColor ink = palette.color(group, QPalette::HighlightedText);
         QColor face = palette.color(group, QPalette::Highlight);
         const bool lightInk = Lightness(ink) > 0.18;
-        for (int step = 0; step < 40 && Contrast(ink, face) < LeastContrast; ++step) {
+        const auto worst = [&] { return lightInk ? face.lighter(104) : face.darker(104); };
+        for (int step = 0; step < 40 && Contrast(ink, worst()) < LeastContrast; ++step) {
             face = lightInk ? face.darker(105) : face.lighter(105);
         }
         palette.setColor(group, QPalette::Highlight, face);

@@ -249,21 +249,32 @@ TEST_F(MainLook, WhatIsSelectedCanBeRead) {
     QPalette yellow = dark;
     yellow.setColor(QPalette::Highlight, QColor(120, 110, 0));
     yellow.setColor(QPalette::HighlightedText, Qt::black);
-    for (QPalette palette : {QApplication::palette(), dark, yellow}) {
-        QApplication::style()->polish(palette);
-        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-            const double face = Luminance(palette.color(group, QPalette::Highlight));
-            const double ink = Luminance(palette.color(group, QPalette::HighlightedText));
-            EXPECT_GE((std::max(face, ink) + 0.05) / (std::min(face, ink) + 0.05), 4.4) << group;
-        }
-    }
     window.Open(NewTicketBuffer());
     auto* list = window.Widget<QListWidget>("TicketList");
     list->addItem("212");
     list->setCurrentRow(0);
-    const QPoint middle(list->width() / 2, list->visualItemRect(list->item(0)).center().y());
-    EXPECT_EQ(list->viewport()->grab().toImage().pixel(middle),
-              list->palette().color(QPalette::Highlight).rgb());
+    const QRect row = list->visualItemRect(list->item(0));
+    const QPalette light = QApplication::palette();
+    for (QPalette palette : {light, dark, yellow}) {
+        QApplication::style()->polish(palette);
+        const auto isReadable = [&](QPalette::ColorGroup group, const QColor& face) {
+            const double paper = Luminance(face);
+            const double ink = Luminance(palette.color(group, QPalette::HighlightedText));
+            return (std::max(paper, ink) + 0.05) / (std::min(paper, ink) + 0.05) >= 4.5;
+        };
+        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+            EXPECT_TRUE(isReadable(group, palette.color(group, QPalette::Highlight))) << group;
+        }
+        list->setPalette(palette);
+        const QImage picture = list->viewport()->grab().toImage();
+        const auto at = [&](int y) {
+            return picture.pixelColor(QPoint(row.right() - 3, y) * picture.devicePixelRatio());
+        };
+        EXPECT_EQ(at(row.center().y()).rgb(), palette.color(QPalette::Highlight).rgb());
+        for (int y = row.top(); y <= row.bottom(); ++y) {  // it is shaded
+            EXPECT_TRUE(isReadable(QPalette::Active, at(y))) << at(y).name().toStdString();
+        }
+    }
 }
 
 // Assistive technology takes the current row for one that has the focus.
