@@ -38,7 +38,7 @@ char32_t TakeUtf8(std::string_view text, std::size_t& next) {
     }
     char32_t point = first & (0x3Fu >> more);
     for (std::size_t at = next; at < next + more; ++at) {
-        if ((byte(at) & 0xC0) != 0x80) {
+        if (!ContinuesCharacter(text[at])) {
             return Replacement;
         }
         point = point << 6 | (byte(at) & 0x3Fu);

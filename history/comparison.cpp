@@ -14,7 +14,7 @@ namespace {
 std::string Cut(std::string sentence) {
     if (sentence.size() > MostSentenceBytes) {
         std::size_t end = MostSentenceBytes;
-        while ((static_cast<unsigned char>(sentence[end]) & 0xC0U) == 0x80U) {
+        while (ContinuesCharacter(sentence[end])) {
             --end;
         }
         const std::size_t rest = FromUtf8(sentence.substr(end)).size();

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 
+#include "codec/utf8.h"
 #include "codec/word.h"
 
 namespace varno {
@@ -59,14 +60,11 @@ std::string Escaped(std::string_view name, std::string_view forbidden) {
 
 // Cut to what a file name has room for, but no character cut in two.
 std::string InFileName(std::string_view name, std::size_t longest, std::string_view forbidden) {
-    const auto isCharacterStart = [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-    };
     const std::string_view whole = name;
     name = name.substr(0, longest);
     while (!name.empty() &&
            (Escaped(name, forbidden).size() > longest ||
-            (name.size() < whole.size() && !isCharacterStart(whole[name.size()])))) {
+            (name.size() < whole.size() && ContinuesCharacter(whole[name.size()])))) {
         name.remove_suffix(1);
     }
     return Escaped(name, forbidden);

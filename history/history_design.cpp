@@ -94,23 +94,23 @@ constexpr WindowDesign Design{.name = "History",
                               .contextItems = Items};
 
 // Percent of the width that a wider window gives to the copies, and to the paper.
-constexpr int Left = 60;
-constexpr int Right = 100 - Left;
+constexpr int OfCopies = 60;
+constexpr int OfPaper = 100 - OfCopies;
 
 constexpr std::array Layout{
     LayoutRow{"Summary", Measure::Width, -360},
-    LayoutRow{"Find", Measure::Width, 768, Left},
-    LayoutRow{"Copies", Measure::Width, 1248, Left},
+    LayoutRow{"Find", Measure::Width, 768, OfCopies},
+    LayoutRow{"Copies", Measure::Width, 1248, OfCopies},
     LayoutRow{"Copies", Measure::Height, -4305},
     LayoutRow{"DifferencesLabel", Measure::Top, -3225},
-    LayoutRow{"DifferencesLabel", Measure::Width, 1248, Left},
+    LayoutRow{"DifferencesLabel", Measure::Width, 1248, OfCopies},
     LayoutRow{"Differences", Measure::Top, -2925},
-    LayoutRow{"Differences", Measure::Width, 1248, Left},
-    LayoutRow{"CopyTicketLabel", Measure::Left, 1488, Left},
-    LayoutRow{"CopyTicket", Measure::Left, 2268, Left},
-    LayoutRow{"CopyTicket", Measure::Width, -2508, Right},
-    LayoutRow{"Paper", Measure::Left, 1488, Left},
-    LayoutRow{"Paper", Measure::Width, -1728, Right},
+    LayoutRow{"Differences", Measure::Width, 1248, OfCopies},
+    LayoutRow{"CopyTicketLabel", Measure::Left, 1488, OfCopies},
+    LayoutRow{"CopyTicket", Measure::Left, 2268, OfCopies},
+    LayoutRow{"CopyTicket", Measure::Width, -2508, OfPaper},
+    LayoutRow{"Paper", Measure::Left, 1488, OfCopies},
+    LayoutRow{"Paper", Measure::Width, -1728, OfPaper},
     LayoutRow{"Paper", Measure::Height, -2085},
     LayoutRow{"OpenButton", Measure::Top, -1005},
     LayoutRow{"SaveCopyButton", Measure::Top, -1005},

@@ -26,15 +26,14 @@ Descriptor OpenOrdinary(const std::string& path, int flags) {
                                                                            : Descriptor();
 }
 
-// A system without locks is taken for having given it.
-bool TakeLock(int file) {
-    for (int attempt = 0; attempt < MostAttempts; ++attempt) {
-        if (::flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) {
-            return true;
+bool TakeLockSoon(int file) {
+    for (int attempt = 1; !TakeLock(file); ++attempt) {
+        if (attempt == MostAttempts) {
+            return false;
         }
         std::this_thread::sleep_for(Pause);
     }
-    return false;
+    return true;
 }
 
 }  // namespace
@@ -46,7 +45,7 @@ FileClaim ClaimBy(Descriptor locked) {
 FileClaim ClaimFile(const std::string& path) {
     Descriptor file = OpenOrdinary(path, O_RDWR);  // over a network what is only read has no lock
     // Whoever had the lock before may have removed the file.
-    return file && TakeLock(*file) && HasName(*file) ? ClaimBy(std::move(file)) : nullptr;
+    return file && TakeLockSoon(*file) && HasName(*file) ? ClaimBy(std::move(file)) : nullptr;
 }
 
 std::optional<bool> IsFileClaimed(const std::string& path) {

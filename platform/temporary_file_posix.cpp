@@ -26,12 +26,11 @@ std::string RandomDigits() {
     return digits.str();
 }
 
-// False if another program has the lock. A system without locks is taken for having given it.
+}  // namespace
+
 bool TakeLock(int file) {
     return ::flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
-
-}  // namespace
 
 bool HasName(int file) {
     struct stat status {};

@@ -37,6 +37,10 @@ class TemporaryFile {
     Descriptor file_;
 };
 
+// Locks an open file; false if another program has the lock. A system without locks is taken for
+// having given it.
+bool TakeLock(int file);
+
 // Whether the open file has not been removed.
 bool HasName(int file);
 

@@ -47,8 +47,8 @@ KINDS = {
 
 # The tests of a stage, what is built for it, after how many seconds a test hangs.
 WINDOW = "window_test|window_editor_test|line_test"
-WHOLE = ("whole_program|every_command|practice|assistive_technology|rtf_other_programs_test|"
-         ".*_at_.*")
+WHOLE = ("whole_program|every_command|practice|assistive_technology|new_windows|"
+         "rtf_other_programs_test|.*_at_.*")
 RULES = ("-E", f"^({WINDOW}|window_random_test|{WHOLE})$")
 STAGES = (
     (("-R", "^{own}_test$"), ["{own}_test"], 60),
